@@ -1,0 +1,194 @@
+// The binary shape of the contract: a module that was built against these headers finds an operation by its place in
+// the class's virtual table, so no place may ever change. The numbers are those of the C++ ABI that every compiler of
+// this platform follows (Itanium): a pointer to a virtual member function holds one more than the offset of its place,
+// and a destructor takes two places.
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstring>
+#include <type_traits>
+#include <vector>
+
+#include "itemdata/ItemDataEntry.h"
+#include "itemdata/ItemDataList.h"
+#include "plugin/contract/Database.h"
+#include "plugin/contract/Entity.h"
+#include "plugin/contract/Invoice.h"
+#include "plugin/contract/ManagedObjectList.h"
+#include "plugin/contract/MemoryGuard.h"
+#include "plugin/contract/Message.h"
+#include "plugin/contract/PluginContainer.h"
+#include "plugin/contract/PluginModule.h"
+#include "plugin/contract/Schema.h"
+#include "plugin/contract/Statement.h"
+#include "plugin/contract/Tarnwell.h"
+#include "plugin/contract/XMLBuilder.h"
+
+using namespace FX;
+
+namespace Quillane {
+namespace {
+
+using Slots = std::vector<int>;
+
+/// The place of a virtual operation, 0 for the first; -1 for one that is not virtual.
+template <class Operation>
+int slotOf(Operation operation) {
+  struct {
+    std::ptrdiff_t place;
+    std::ptrdiff_t adjustment;
+  } parts;
+  static_assert(sizeof(parts) == sizeof(operation));
+  std::memcpy(&parts, &operation, sizeof(parts));
+  if (parts.place % 2 == 0) return -1;
+  return static_cast<int>((parts.place - 1) / static_cast<std::ptrdiff_t>(sizeof(void*)));
+}
+
+template <class Base>
+struct Extended : Base {
+  virtual void next() {}
+};
+
+/// How many places the class's table has: the first one that is free for a derived class.
+template <class Base>
+int slotCount() {
+  return slotOf(&Extended<Base>::next);
+}
+
+// The toolkit's six operations and two places for the destructor stand before everything of an FXObject's own.
+constexpr int kObjectSlots = 8;
+
+TEST(VirtualSlots, tellAVirtualOperationFromAnother) {
+  EXPECT_EQ(slotOf(&Entity::getId), -1);
+  EXPECT_EQ(slotOf(&Entity::addMiscData), -1);
+}
+
+TEST(VirtualSlots, ofAToolkitObject) {
+  EXPECT_EQ((Slots{slotOf(&FXObject::handle), slotOf(&FXObject::getMetaClass), slotOf(&FXObject::onDefault),
+                   slotOf(&FXObject::tryHandle), slotOf(&FXObject::save), slotOf(&FXObject::load)}),
+            (Slots{0, 1, 2, 3, 4, 5}));
+  EXPECT_EQ(slotCount<FXObject>(), kObjectSlots);
+  EXPECT_EQ(slotCount<FXObjectList>(), 2);
+}
+
+TEST(VirtualSlots, ofPluginContainer) {
+  using Plugin::PluginContainer;
+  EXPECT_EQ((Slots{slotOf(&PluginContainer::getIcon16), slotOf(&PluginContainer::getIcon32),
+                   slotOf(&PluginContainer::getIcon64), slotOf(&PluginContainer::init), slotOf(&PluginContainer::start),
+                   slotOf(&PluginContainer::onSettings), slotOf(&PluginContainer::onHasSettings)}),
+            (Slots{8, 9, 10, 11, 12, 13, 14}));
+  EXPECT_EQ(slotCount<PluginContainer>(), 15);
+}
+
+TEST(VirtualSlots, ofPluginModule) {
+  EXPECT_EQ(slotOf(&Plugin::PluginModule::init), 8);
+  EXPECT_EQ(slotCount<Plugin::PluginModule>(), 9);
+}
+
+TEST(VirtualSlots, ofEntityPlugin) {
+  using Plugin::EntityPlugin;
+  EXPECT_EQ((Slots{slotOf(&EntityPlugin::init), slotOf<int (EntityPlugin::*)(Entity*) const>(&EntityPlugin::load),
+                   slotOf<int (EntityPlugin::*)(Entity*) const>(&EntityPlugin::save), slotOf(&EntityPlugin::del),
+                   slotOf(&EntityPlugin::canHandle), slotOf(&EntityPlugin::toXml), slotOf(&EntityPlugin::getParser),
+                   slotOf(&EntityPlugin::getXmlWeight), slotOf(&EntityPlugin::toString),
+                   slotOf(&EntityPlugin::getStringWeight)}),
+            (Slots{8, 9, 10, 11, 12, 13, 14, 15, 16, 17}));
+  EXPECT_EQ(slotCount<EntityPlugin>(), 18);
+}
+
+TEST(VirtualSlots, ofInvoiceCheckPlugin) {
+  EXPECT_EQ(slotOf(&Plugin::InvoiceCheckPlugin::checkInvoice), 9);
+  EXPECT_EQ(slotCount<Plugin::InvoiceCheckPlugin>(), 10);
+}
+
+TEST(VirtualSlots, ofEntitiesAndTheirAttachedData) {
+  EXPECT_EQ(slotCount<Entity>(), kObjectSlots);
+  EXPECT_EQ(slotCount<Invoice>(), kObjectSlots);
+  EXPECT_EQ(slotCount<InvoiceItem>(), kObjectSlots);
+  EXPECT_EQ(slotOf(&EntityMiscData::clone), 8);
+  EXPECT_EQ(slotCount<EntityMiscData>(), 9);
+  EXPECT_EQ(slotOf(&ListOfEntityMiscData<Entity>::clone), 8);
+  EXPECT_EQ(slotCount<ListOfEntityMiscData<Entity>>(), 9);
+}
+
+TEST(VirtualSlots, ofMessages) {
+  EXPECT_EQ(slotCount<Message>(), kObjectSlots);
+
+  EXPECT_EQ(slotOf(&MessageEvent::execute), 0);
+  EXPECT_EQ(slotCount<MessageEvent>(), 3) << "the destructor follows";
+
+  EXPECT_EQ((Slots{slotOf<void (ListOfMessage::*)(ListOfMessage&)>(&ListOfMessage::append),
+                   slotOf<void (ListOfMessage::*)(Message*)>(&ListOfMessage::append), slotOf(&ListOfMessage::clear)}),
+            (Slots{2, 3, 4}));
+  EXPECT_EQ(slotCount<ListOfMessage>(), 5);
+}
+
+TEST(VirtualSlots, ofTheDatabase) {
+  EXPECT_EQ((Slots{slotOf(&TarnwellDatabase::queryScalar), slotOf(&TarnwellDatabase::nextKey),
+                   slotOf(&TarnwellDatabase::begin), slotOf(&TarnwellDatabase::commit),
+                   slotOf(&TarnwellDatabase::rollback), slotOf(&TarnwellDatabase::isInTransaction),
+                   slotOf(&TarnwellDatabase::getLastError), slotOf(&TarnwellDatabase::setObserver)}),
+            (Slots{2, 3, 4, 5, 6, 7, 8, 9}));
+  EXPECT_EQ(slotCount<TarnwellDatabase>(), 10);
+
+  EXPECT_EQ((Slots{slotOf(&DataBaseValueLoader::processValue), slotOf(&DataBaseValueLoader::getNumRows)}),
+            (Slots{0, 1}));
+  EXPECT_EQ(slotCount<DataBaseValueLoader>(), 4) << "the destructor follows";
+
+  EXPECT_EQ(slotOf(&StatementObserver::statementExecuted), 0);
+  EXPECT_EQ(slotCount<StatementObserver>(), 3);
+}
+
+TEST(VirtualSlots, ofStatements) {
+  EXPECT_EQ(slotOf(&Statement::execute), 2);
+  EXPECT_EQ(slotCount<Statement>(), 3);
+  EXPECT_EQ(slotCount<InsertStatement>(), 3);
+  EXPECT_EQ(slotCount<UpdateStatement>(), 3);
+  EXPECT_EQ(slotCount<DeleteStatement>(), 3);
+}
+
+TEST(VirtualSlots, ofTheSchema) {
+  EXPECT_EQ(slotCount<Quillane::Model::Schema>(), kObjectSlots);
+  EXPECT_EQ(slotCount<Quillane::Model::Column>(), kObjectSlots);
+  EXPECT_EQ(slotCount<Quillane::Model::Index>(), kObjectSlots);
+  EXPECT_EQ(slotOf(&Quillane::Model::Table::init), 8);
+  EXPECT_EQ(slotCount<Quillane::Model::Table>(), 9);
+}
+
+TEST(VirtualSlots, ofTheAccountAreThoseOfTheToolkitsApplication) {
+  EXPECT_EQ(slotCount<Tarnwell>(), slotCount<FXApp>());
+  EXPECT_GT(slotCount<FXApp>(), kObjectSlots);
+}
+
+TEST(VirtualSlots, areNotNeededByTheRest) {
+  EXPECT_FALSE(std::is_polymorphic_v<XMLBuilder::Node>);
+  EXPECT_FALSE(std::is_polymorphic_v<XMLBuilder::Element>);
+  EXPECT_FALSE(std::is_polymorphic_v<XMLBuilder::Document>);
+  EXPECT_FALSE(std::is_polymorphic_v<MemoryGuard<FXDataTarget>>);
+  EXPECT_EQ(slotCount<FXManagedObjectListOf<Entity>>(), slotCount<FXObjectList>());
+}
+
+TEST(VirtualSlots, ofItemDataEntry) {
+  using Plugin::ItemData::ItemDataEntry;
+  EXPECT_EQ(
+      (Slots{slotOf(&ItemDataEntry::clone), slotOf<int (ItemDataEntry::*)(TarnwellDatabase*)>(&ItemDataEntry::save),
+             slotOf<int (ItemDataEntry::*)(TarnwellDatabase*)>(&ItemDataEntry::load),
+             slotOf(&ItemDataEntry::markForDelete), slotOf(&ItemDataEntry::setStatus), slotOf(&ItemDataEntry::check),
+             slotOf(&ItemDataEntry::canHandleType), slotOf(&ItemDataEntry::addWidget),
+             slotOf(&ItemDataEntry::getTableItem), slotOf(&ItemDataEntry::getValue), slotOf(&ItemDataEntry::toXml),
+             slotOf(&ItemDataEntry::getPrintableText), slotOf(&ItemDataEntry::toDebugString),
+             slotOf(&ItemDataEntry::getQuantity), slotOf(&ItemDataEntry::onQuantityChanged)}),
+      (Slots{8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 22}));
+  EXPECT_EQ(slotCount<ItemDataEntry>(), 23);
+}
+
+TEST(VirtualSlots, ofItemDataListAreThoseOfItsBase) {
+  using Plugin::ItemData::ItemDataList;
+  EXPECT_EQ(slotOf(&ItemDataList::clone), 8);
+  EXPECT_EQ(slotCount<ItemDataList>(), 9);
+  EXPECT_EQ(slotOf<int (ItemDataList::*)(TarnwellDatabase*)>(&ItemDataList::save), -1);
+  EXPECT_EQ(slotOf(&ItemDataList::toXml), -1);
+}
+
+}  // namespace
+}  // namespace Quillane
