@@ -1,0 +1,485 @@
+// The item data of one invoice item: a flat list of entries that is read as a table.
+//
+// Invariants:
+// 1. The leading entries (row 0) are those of the item as a whole; from firstUnitIndex on come the unit rows. Without
+//    per-unit variables firstUnitIndex is -1 and there are no unit rows.
+// 2. A unit row is a run of entries with one row number. Numbers ascend; deleting a row leaves a gap.
+// 3. An entry that was never stored (pk 0) leaves the list when its row is deleted. A stored one stays, marked and
+//    empty, until the document is loaded anew, and counts as no row and no quantity.
+// 4. After a save the list is as it was before: new entries keep key 0 and marked ones their mark.
+// 5. Places of the list may be null; they are passed over.
+// 6. Entries that are appended with ascending rows are found by bisection, null places among them or not; any other
+//    order costs a walk through the list.
+#include "itemdata/ItemDataList.h"
+
+#include <libintl.h>
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "itemdata/CountingList.h"
+#include "itemdata/ItemDataListLoader.h"
+#include "plugin/contract/Database.h"
+#include "plugin/contract/Invoice.h"
+#include "plugin/contract/Message.h"
+#include "plugin/contract/Statement.h"
+#include "plugin/contract/XMLBuilder.h"
+
+using namespace FX;
+
+namespace Quillane::Plugin::ItemData {
+
+namespace {
+
+const FXString kXmlPrefix = "itemdata";
+
+// Quantities are read and summed with this many decimals.
+constexpr char kQuantityPrecision = 4;
+
+// The variable that is not written into a row with a "0" before it.
+constexpr int kVariableSkippedAfterZero = 2;
+
+constexpr int kOutgoing = 100;
+constexpr int kIncoming = 200;
+
+const FXString kServiceSettingsSql =
+    "select type,null,t_itemvariable_1,name,mandatory,process,vvalue from t_serviceitemdata join t_itemvariable on  "
+    "t_itemvariable_1= t_itemvariable_id where direction=%direction and t_service_1=%id order by process, position";
+
+const FXString kSuiteSettingsSql =
+    "select type,null,t_itemvariable_1,name,mandatory,process,vvalue from t_suiteitemdata join t_itemvariable on  "
+    "t_itemvariable_1= t_itemvariable_id where direction=%direction and t_suite_1=%id order by process, position";
+
+const FXString kProductSettingsSql =
+    "select type,null,t_itemvariable_1,name,mandatory,process,vvalue from t_productitemdata join t_itemvariable on  "
+    "t_itemvariable_1= t_itemvariable_id where direction=%direction and t_product_1=%id order by process, position";
+
+const FXString kSourceDataSql =
+    "select type,0,t_itemvariable_1,name,mandatory,row,value from t_invoiceitemdata left join t_itemvariable on "
+    "t_itemvariable_1=t_itemvariable_id where t_invoiceitem_1=%id order by row, t_invoiceitemdata_id";
+
+const FXString kStoredDataSql =
+    "select type,t_invoiceitemdata_id,t_itemvariable_1,name,mandatory,row,value from t_invoiceitemdata left join "
+    "t_itemvariable on t_itemvariable_1=t_itemvariable_id where t_invoiceitem_1=%id order by row, t_invoiceitemdata_id";
+
+const FXString* settingsSql(int articleKind) {
+  switch (articleKind) {
+    case InvoiceItem::ARTICLE_PRODUCT:
+      return &kProductSettingsSql;
+    case InvoiceItem::ARTICLE_SERVICE:
+      return &kServiceSettingsSql;
+    case InvoiceItem::ARTICLE_SUITE:
+      return &kSuiteSettingsSql;
+    default:
+      return nullptr;
+  }
+}
+
+// On purpose: status 452 gives direction 400, for which nothing can be assigned.
+int directionOfStatus(int status) {
+  switch (status) {
+    case 801:
+    case 401:
+    case 451:
+      return kOutgoing;
+    case 252:
+    case 202:
+      return kIncoming;
+    default:
+      return status / 100 * 100;
+  }
+}
+
+FXExt::FXDecimal quantityOf(const ItemDataEntry& entry) {
+  return FXExt::FXDecimal(entry.getValue(), kQuantityPrecision);
+}
+
+void appendText(std::string& line, const FXString& text) { line.append(text.text(), text.length()); }
+
+FXString toText(const std::string& line) { return FXString(line.data(), static_cast<FXint>(line.size())); }
+
+}  // namespace
+
+const FXString ItemDataList::kXmlNamespace = "urn:quillane:plugin:itemdata";
+
+ItemDataList* ItemDataList::of(const Entity& entity) {
+  return dynamic_cast<ItemDataList*>(entity.getMiscData(kMiscDataKey));
+}
+
+ItemDataList::ItemDataList() = default;
+
+ItemDataList::ItemDataList(Entity* item, ItemDataList* settingsList)
+    : ListOfEntityMiscData(item), settings(settingsList) {
+  if (!settings) return;
+  firstUnitIndex = settings->firstUnitIndex;
+  unitColumnCount = settings->unitColumnCount;
+  if (owner && owner->getId() <= 0) cloneItemsFrom(settings, 0);
+}
+
+ItemDataList::~ItemDataList() {
+  for (FXint i = 0; i < no(); ++i) delete at(i);
+  delete settings;
+}
+
+ItemDataList* ItemDataList::clone(Entity* newOwner) const {
+  // On purpose: for an owner that is not stored the constructor puts the leading entries before the copies of all.
+  auto* copy = new ItemDataList(newOwner, settings ? settings->clone(newOwner) : nullptr);
+  copy->cloneItemsFrom(this, 1);
+  copy->lastRow = lastRow;
+  copy->unitColumnCount = unitColumnCount;
+  copy->firstUnitIndex = firstUnitIndex;
+  return copy;
+}
+
+void ItemDataList::append(ItemDataEntry* entry) {
+  lastRow = entry->row;
+  const FXint count = no();
+  const bool follows = count == 0 || (ascending == count && at(count - 1) && at(count - 1)->row <= entry->row);
+  ascending = follows ? count + 1 : kNotAscending;
+  FXObjectList::append(entry);
+}
+
+void ItemDataList::cloneItemsFrom(const ItemDataList* source, FXuchar all) {
+  const FXint count = all || source->firstUnitIndex < 0 ? source->no() : source->firstUnitIndex;
+  for (FXint i = 0; i < count; ++i) {
+    if (!source->at(i)) continue;
+    ItemDataEntry* entry = source->at(i)->clone(owner);
+    entry->pk = 0;
+    append(entry);
+  }
+}
+
+int ItemDataList::getRowNum() const {
+  if (firstUnitIndex < 0) return 0;
+  int rows = 0;
+  const ItemDataEntry* counted = nullptr;
+  for (FXint i = no() - 1; i >= firstUnitIndex; --i) {
+    const ItemDataEntry* entry = at(i);
+    if (!entry || entry->del) continue;
+    if (!counted || counted->row != entry->row) ++rows;
+    counted = entry;
+  }
+  return rows;
+}
+
+FXuchar ItemDataList::hasQuantityColumn() const {
+  for (FXint i = 0; i < no(); ++i) {
+    const ItemDataEntry* entry = at(i);
+    if (entry && !entry->del && entry->type == ItemDataEntry::TYPE_QUANTITY && entry->row > 0) return 1;
+  }
+  return 0;
+}
+
+FXExt::FXDecimal ItemDataList::getQuantityForRow(int row) const {
+  for (FXint i = no() - 1; i >= 0; --i) {
+    const ItemDataEntry* entry = at(i);
+    if (!entry || entry->del || entry->type != ItemDataEntry::TYPE_QUANTITY || entry->row != row) continue;
+    return quantityOf(*entry);
+  }
+  return FXExt::FXDecimal();
+}
+
+void ItemDataList::addRows(int count) {
+  if (!settings || firstUnitIndex < 0) return;
+  for (int added = 0; added < count; ++added) {
+    const int row = lastRow + 1;
+    for (FXint i = firstUnitIndex; i < settings->no(); ++i) {
+      if (!settings->at(i)) continue;
+      ItemDataEntry* entry = settings->at(i)->clone(owner);
+      entry->row = row;
+      append(entry);
+    }
+  }
+}
+
+void ItemDataList::loadSettings(TarnwellDatabase* db, int status, InvoiceItem* item) {
+  const FXString* sql = settingsSql(item->getArticleKind());
+  if (!sql) return;
+  Statement statement(db, *sql);
+  statement.setInt("id", item->getArticleId());
+  statement.setInt("direction", directionOfStatus(status));
+  unitColumnCount = 0;
+  ItemDataListLoader loader(this, item);
+  statement.execute(&loader, 1);
+}
+
+void ItemDataList::loadSavedItemData(TarnwellDatabase* db) {
+  if (!owner) return;
+  const bool fromSource = isBeingDerived();
+  if (!fromSource && !isStored()) return;
+  Statement statement(db, fromSource ? kSourceDataSql : kStoredDataSql);
+  statement.setInt("id", fromSource ? getItem()->getSourceItemId() : owner->getId());
+  unitColumnCount = 0;
+  ItemDataListLoader loader(this, owner);
+  statement.execute(&loader, 1);
+}
+
+void ItemDataList::load(TarnwellDatabase* db) {
+  if (no() == 0)
+    loadSavedItemData(db);
+  else
+    appendUnitRowsOfSource(db);
+
+  for (FXint i = 0; i < no(); ++i) {
+    if (at(i)) at(i)->load(db);
+  }
+  if (!settings) return;
+  unitColumnCount = settings->unitColumnCount;
+  takeParametersFromSettings();
+}
+
+int ItemDataList::save(TarnwellDatabase* db) {
+  int zeroRow = -1;
+  int zeroOwner = -1;
+  for (FXint i = 0; i < no(); ++i) {
+    ItemDataEntry* entry = at(i);
+    if (!entry) continue;
+    const int ownerId = entry->getOwner()->getId();
+    // On purpose: "0" is never written, so a row that is stored keeps the value that it has.
+    if (entry->getValue() == "0") {
+      zeroRow = entry->row;
+      zeroOwner = ownerId;
+      continue;
+    }
+    // On purpose: this one variable goes with the "0" before it in its row.
+    const bool followsZero = entry->row == zeroRow && ownerId == zeroOwner;
+    if (followsZero && entry->itemvariable == kVariableSkippedAfterZero) continue;
+    entry->save(db);
+  }
+  return 0;
+}
+
+void ItemDataList::setStatus(TarnwellDatabase*, unsigned status) {
+  switch (status) {
+    case 101:
+    case 201:
+    case 401:
+      if (getItem()->getInvoice()->getStatusGate() <= 0) return;
+      break;
+    case 102:
+    case 452:
+      break;
+    default:
+      return;
+  }
+  for (FXint i = 0; i < no(); ++i) {
+    if (at(i)) at(i)->setStatus(status);
+  }
+}
+
+void ItemDataList::markRowForDelete(int row) {
+  const bool wasAscending = ascending == no();
+  const auto [first, end] = findRow(row);
+  FXint kept = first;
+  for (FXint i = first; i < end; ++i) {
+    ItemDataEntry* entry = at(i);
+    if (entry && entry->row == row) {
+      if (lastRow == row) lastRow = row - 1;
+      if (!entry->pk) {
+        delete entry;
+        continue;
+      }
+      if (!entry->del) entry->markForDelete(1);
+    }
+    at(kept++) = entry;
+  }
+  if (kept < end) erase(kept, end - kept);
+  ascending = wasAscending ? no() : kNotAscending;
+}
+
+FXExt::FXDecimal ItemDataList::getSumQuantity() const {
+  FXExt::FXDecimal sum(0, 0, kQuantityPrecision);
+  for (FXint i = no() - 1; i >= 0; --i) {
+    const ItemDataEntry* entry = at(i);
+    if (entry && !entry->del && entry->type == ItemDataEntry::TYPE_QUANTITY) sum += quantityOf(*entry);
+  }
+  return sum;
+}
+
+int ItemDataList::check(int itemNumber, ListOfMessage& messages, const FXString& prefix) {
+  checkQuantities(messages, prefix);
+  dropMarkedRows();
+  for (FXint i = 0; i < no(); ++i) {
+    if (at(i) && !at(i)->del) at(i)->check(itemNumber, messages, prefix);
+  }
+  return 0;
+}
+
+void ItemDataList::toXml(XMLBuilder::Element* parent) const {
+  parent->getDocument()->addNamespace(kXmlPrefix, kXmlNamespace);
+  XMLBuilder::Element* element = parent->createElement(kXmlNamespace, "itemdata");
+  for (FXint i = 0; i < no(); ++i) {
+    if (at(i)) at(i)->toXml(element);
+  }
+}
+
+FXString ItemDataList::getPrintableText() const {
+  return hasQuantityColumn() ? getPrintableRows() : getPrintableCounts();
+}
+
+InvoiceItem* ItemDataList::getItem() const { return static_cast<InvoiceItem*>(owner); }
+
+// On purpose: the id does not matter here, although the entries of an item with an id load their own values.
+bool ItemDataList::isBeingDerived() const {
+  return getItem()->getOriginMode() == InvoiceItem::ORIGIN_DERIVING && getItem()->getSourceItemId() >= 1;
+}
+
+bool ItemDataList::isStored() const { return owner->getId() >= 1; }
+
+// An item that is being derived starts with the leading entries when there are any, so its list is not empty and the
+// source's unit rows come in here.
+void ItemDataList::appendUnitRowsOfSource(TarnwellDatabase* db) {
+  if (!owner || isStored() || !isBeingDerived() || firstUnitIndex < 1 || no() > firstUnitIndex) return;
+  ItemDataList source(owner, nullptr);
+  source.firstUnitIndex = firstUnitIndex;
+  source.loadSavedItemData(db);
+  for (FXint i = 0; i < source.no(); ++i) {
+    if (source[i]->row < 1) continue;
+    append(source[i]);
+    source[i] = nullptr;
+  }
+}
+
+// A stored value has no parameter of its own; without it a list would offer no choices.
+void ItemDataList::takeParametersFromSettings() {
+  std::unordered_map<int, const ItemDataEntry*> settingOfVariable;
+  for (FXint i = 0; i < settings->no(); ++i) {
+    if (settings->at(i)) settingOfVariable.emplace(settings->at(i)->itemvariable, settings->at(i));
+  }
+  for (FXint i = 0; i < no(); ++i) {
+    if (!at(i)) continue;
+    const auto setting = settingOfVariable.find(at(i)->itemvariable);
+    if (setting != settingOfVariable.end()) at(i)->vvalue = setting->second->vvalue;
+  }
+}
+
+void ItemDataList::checkQuantities(ListOfMessage& messages, const FXString& prefix) const {
+  if (firstUnitIndex < 0) return;
+  const Invoice* invoice = getItem()->getInvoice();
+  if (invoice->isStatusClosed() || invoice->getStatus() == 102) return;
+
+  const FXExt::FXDecimal sum = getSumQuantity();
+  const FXExt::FXDecimal quantity = getItem()->getQuantity();
+  const char* key = nullptr;
+  const char* text = nullptr;
+  if (sum > quantity) {
+    key = "%s_ITEMDATAQUANTITYMORETHAN";
+    text = gettext("Egyéb tételadatok: Az összmennyiség (%s) több, mint a tétellistában megadott (%s).");
+  } else if (sum < quantity) {
+    key = "%s_ITEMDATAQUANTITYLESSTHAN";
+    text = gettext("Egyéb tételadatok: Az összmennyiség (%s) kevesebb, mint a tétellistában megadott (%s).");
+  } else {
+    return;
+  }
+  messages.append(
+      new Message(FXStringFormat(key, prefix.text()), Message::ERROR,
+                  FXStringFormat(text, sum.toString().text(), quantity.toString().text()),
+                  FXStringFormat(gettext("Számla: Tételek listája\n[%s]\n"), invoice->getDisplayText().text()), nullptr,
+                  nullptr, nullptr));
+}
+
+// The same as markRowForDelete for the row of every marked entry, one after the other in list order, but in two walks
+// however many there are.
+void ItemDataList::dropMarkedRows() {
+  std::unordered_set<int> rows;
+  for (FXint i = 0; i < no(); ++i) {
+    const ItemDataEntry* entry = at(i);
+    if (!entry) continue;
+    const bool inDroppedRow = rows.count(entry->row) > 0;
+    const bool gone = inDroppedRow && !entry->pk;
+    if (gone || !(entry->del || inDroppedRow)) continue;
+    rows.insert(entry->row);
+    if (lastRow == entry->row) lastRow = entry->row - 1;
+  }
+  if (rows.empty()) return;
+
+  const bool wasAscending = ascending == no();
+  FXint kept = 0;
+  for (FXint i = 0; i < no(); ++i) {
+    ItemDataEntry* entry = at(i);
+    if (entry && rows.count(entry->row)) {
+      if (!entry->pk) {
+        delete entry;
+        continue;
+      }
+      if (!entry->del) entry->markForDelete(1);
+    }
+    at(kept++) = entry;
+  }
+  no(kept);
+  ascending = wasAscending ? kept : kNotAscending;
+}
+
+FXString ItemDataList::getPrintableRows() const {
+  std::string line;
+  int row = 0;
+  bool afterQuantity = false;
+  for (FXint i = 0; i < no(); ++i) {
+    const ItemDataEntry* entry = at(i);
+    if (!entry) continue;
+    const FXString text = entry->getPrintableText();
+    if (text.empty()) continue;
+    if (!line.empty()) {
+      const bool startsRow = entry->row == 0 || entry->row != row;
+      line += startsRow ? "; " : afterQuantity ? " " : ", ";
+    }
+    appendText(line, text);
+    row = entry->row;
+    afterQuantity = entry->type == ItemDataEntry::TYPE_QUANTITY;
+  }
+  return toText(line);
+}
+
+FXString ItemDataList::getPrintableCounts() const {
+  CountingList counts;
+  std::unordered_map<std::string_view, int*> countOfText;
+  int total = 0;
+  for (FXint i = 0; i < no(); ++i) {
+    if (!at(i)) continue;
+    const FXString text = at(i)->getPrintableText();
+    if (text.empty()) continue;
+    ++total;
+    const auto known = countOfText.find(std::string_view(text.text(), text.length()));
+    if (known != countOfText.end()) {
+      ++*known->second;
+      continue;
+    }
+    auto* pair = new FXExt::FXPair<FXString, int>;
+    pair->first = text;
+    pair->second = 1;
+    counts.append(pair);
+    countOfText.emplace(std::string_view(pair->first.text(), pair->first.length()), &pair->second);
+  }
+
+  std::string line;
+  const bool allDistinct = total == counts.no();
+  for (FXint i = 0; i < counts.no(); ++i) {
+    if (!line.empty()) line += ", ";
+    appendText(line, counts[i]->first);
+    if (!allDistinct) appendText(line, FXStringFormat(" (%d %s)", counts[i]->second, getItem()->getUnit().text()));
+  }
+  return toText(line);
+}
+
+std::pair<int, int> ItemDataList::findRow(int row) const {
+  if (ascending != no()) return {0, no()};
+  // A null place may be on either side; it stays inside what is found, which only widens it.
+  const auto bisect = [this](int from, const auto& liesBefore) {
+    int to = no();
+    while (from < to) {
+      const int middle = from + (to - from) / 2;
+      if (liesBefore(at(middle)))
+        from = middle + 1;
+      else
+        to = middle;
+    }
+    return from;
+  };
+  const int first = bisect(0, [row](const ItemDataEntry* entry) { return entry && entry->row < row; });
+  const int end = bisect(first, [row](const ItemDataEntry* entry) { return !entry || entry->row <= row; });
+  return {first, end};
+}
+
+}  // namespace Quillane::Plugin::ItemData
