@@ -1,0 +1,201 @@
+// The container: its texts and icon, what its init registers, what its end leaves behind, and the entry point.
+#include "plugin/ItemDataContainer.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "itemdata/ItemDataComboEntry.h"
+#include "itemdata/ItemDataDateEntry.h"
+#include "itemdata/ItemDataPluginList.h"
+#include "itemdata/ItemDataStringEntry.h"
+#include "plugin/InvoiceCheck.h"
+#include "plugin/InvoiceItemPlugin.h"
+#include "tests/plugin/PluginTest.h"
+#include "tests/plugin/TextCatalogue.h"
+
+using namespace FX;
+using testing::ElementsAre;
+
+namespace Quillane::Plugin::ItemData {
+namespace {
+
+const char* const kDescription =
+    "Lehetőséget biztosít arra, hogy bizonyos áruk számlázásakor egyéb (saját) adatot is nyomtassunk a számlára.\n";
+
+const char* const kModuleTablesSql =
+    "select name from sqlite_master where type='table' and (name like '%itemdata' or name='t_itemvariable') order by 1";
+
+class ItemDataContainerTest : public PluginTest {};
+
+TEST_F(ItemDataContainerTest, tellsItsTexts) {
+  const ItemDataContainer container(&testAccount());
+  EXPECT_EQ(container.getCodeName(), "QuillanePluginItemData");
+  EXPECT_EQ(container.getName(), "Egyéb tételadatok");
+  EXPECT_EQ(container.getVersion(), "2013.01.02");
+  EXPECT_EQ(container.getDescription(), kDescription);
+  EXPECT_EQ(container.getAccount(), &testAccount());
+}
+
+TEST_F(ItemDataContainerTest, translatesNameAndDescriptionAndNothingElse) {
+  const TextCatalogue catalogue("QuillanePluginItemData", {{"Egyéb tételadatok", "Other item data"},
+                                                           {kDescription, "Prints data of your own.\n"},
+                                                           {"QuillanePluginItemData", "a translated code name"},
+                                                           {"2013.01.02", "a translated version"}});
+  const ItemDataContainer container(&testAccount());
+  EXPECT_EQ(container.getName(), "Other item data");
+  EXPECT_EQ(container.getDescription(), "Prints data of your own.\n");
+  EXPECT_EQ(container.getCodeName(), "QuillanePluginItemData");
+  EXPECT_EQ(container.getVersion(), "2013.01.02");
+}
+
+TEST_F(ItemDataContainerTest, hasAnIconOfSixteenPixels) {
+  ItemDataContainer container(&testAccount());
+  FXIcon* icon = container.getIcon16();
+  ASSERT_NE(icon, nullptr);
+  EXPECT_EQ(icon->getWidth(), 16);
+  EXPECT_EQ(icon->getHeight(), 16);
+  EXPECT_EQ(icon->getTransparentColor(), 0xFFC0C0C0);
+  EXPECT_EQ(icon->getApp(), &testAccount());
+  EXPECT_EQ(container.getIcon16(), icon) << "made once";
+}
+
+TEST_F(ItemDataContainerTest, hasNoLargerIcons) {
+  ItemDataContainer container(&testAccount());
+  EXPECT_EQ(container.getIcon32(), nullptr);
+  EXPECT_EQ(container.getIcon64(), nullptr);
+}
+
+TEST_F(ItemDataContainerTest, registersNothingBeforeInit) {
+  const ItemDataContainer container(&testAccount());
+  EXPECT_EQ(container.getModules().no(), 0);
+  EXPECT_EQ(plugins.no(), 0);
+}
+
+TEST_F(ItemDataContainerTest, initReturnsOne) { EXPECT_EQ(ItemDataContainer(&testAccount()).init(), 1); }
+
+TEST_F(ItemDataContainerTest, initRegistersItsHooksInOrder) {
+  ItemDataContainer container(&testAccount());
+  container.init();
+
+  const FXObjectList& modules = container.getModules();
+  ASSERT_EQ(modules.no(), 2);
+  EXPECT_NE(dynamic_cast<InvoiceCheck*>(modules[0]), nullptr);
+  EXPECT_NE(dynamic_cast<InvoiceItemPlugin*>(modules[1]), nullptr);
+  for (FXint i = 0; i < modules.no(); ++i) {
+    auto* hook = dynamic_cast<PluginModule*>(modules[i]);
+    ASSERT_NE(hook, nullptr);
+    EXPECT_EQ(hook->getContainer(), &container);
+    EXPECT_EQ(hook->init(), 0);
+  }
+}
+
+TEST_F(ItemDataContainerTest, initGivesTheEntityHookItsWeights) {
+  ItemDataContainer container(&testAccount());
+  container.init();
+
+  auto* hook = dynamic_cast<EntityPlugin*>(container.getModules()[1]);
+  ASSERT_NE(hook, nullptr);
+  EXPECT_THAT((std::vector<int>{hook->getLoadWeight(), hook->getSaveWeight(), hook->getDeleteWeight(),
+                                hook->getXmlWeight(), hook->getStringWeight()}),
+              ElementsAre(103, 103, 0, 103, 103));
+}
+
+TEST_F(ItemDataContainerTest, initRegistersOnePrototypeOfEachKindInOrder) {
+  ItemDataContainer container(&testAccount());
+  container.init();
+
+  ASSERT_EQ(plugins.no(), 3);
+  EXPECT_NE(dynamic_cast<ItemDataStringEntry*>(plugins[0]), nullptr);
+  EXPECT_NE(dynamic_cast<ItemDataDateEntry*>(plugins[1]), nullptr);
+  EXPECT_NE(dynamic_cast<ItemDataComboEntry*>(plugins[2]), nullptr);
+  for (FXint i = 0; i < plugins.no(); ++i) {
+    EXPECT_EQ(plugins[i]->getOwner(), nullptr);
+    EXPECT_EQ(plugins[i]->value, "");
+    EXPECT_EQ(plugins[i]->pk, 0);
+    EXPECT_EQ(plugins[i]->mandatory, 1);
+  }
+}
+
+TEST_F(ItemDataContainerTest, initBringsTheTablesUpToDate) {
+  ItemDataContainer container(&testAccount());
+  container.init();
+  EXPECT_EQ(company.query("select t_itemvariable_id, name from t_itemvariable"), (Grid{{"-1", "Mennyiség"}}));
+  EXPECT_EQ(company.query(kModuleTablesSql), (Grid{{"t_invoiceitemdata"},
+                                                   {"t_itemvariable"},
+                                                   {"t_productitemdata"},
+                                                   {"t_serviceitemdata"},
+                                                   {"t_suiteitemdata"}}));
+}
+
+TEST_F(ItemDataContainerTest, keepsInitSuccessfulWhenTheDatabaseRefuses) {
+  company.run("pragma query_only=1");
+  ItemDataContainer container(&testAccount());
+  EXPECT_EQ(container.init(), 1);
+  EXPECT_EQ(container.getModules().no(), 2);
+  EXPECT_EQ(plugins.no(), 3);
+  company.run("pragma query_only=0");
+  EXPECT_EQ(company.query(kModuleTablesSql), Grid{});
+}
+
+TEST_F(ItemDataContainerTest, keepsRegisteringAnewOnEveryInit) {
+  ItemDataContainer container(&testAccount());
+  container.init();
+  container.init();
+  EXPECT_EQ(container.getModules().no(), 4);
+  EXPECT_EQ(plugins.no(), 6);
+}
+
+TEST_F(ItemDataContainerTest, keepsThePointersToItsPrototypesWhenItIsDeleted) {
+  auto container = std::make_unique<ItemDataContainer>(&testAccount());
+  container->init();
+  const std::vector<ItemDataEntry*> prototypes{plugins[0], plugins[1], plugins[2]};
+
+  container.reset();
+
+  ASSERT_EQ(plugins.no(), 3);
+  EXPECT_EQ((std::vector<ItemDataEntry*>{plugins[0], plugins[1], plugins[2]}), prototypes);
+}
+
+/// A prototype that tells of its end.
+class TellingPrototype : public ItemDataStringEntry {
+ public:
+  TellingPrototype(std::vector<int>& deletedNumbers, int ownNumber) : deleted(deletedNumbers), number(ownNumber) {}
+  ~TellingPrototype() override { deleted.push_back(number); }
+
+ private:
+  std::vector<int>& deleted;
+  int number;
+};
+
+TEST_F(ItemDataContainerTest, deletesThePrototypesFromTheLastToTheFirst) {
+  std::vector<int> deleted;
+  auto container = std::make_unique<ItemDataContainer>(&testAccount());
+  for (int number = 1; number <= 3; ++number) plugins.append(new TellingPrototype(deleted, number));
+  EXPECT_THAT(deleted, ElementsAre());
+
+  container.reset();
+
+  EXPECT_THAT(deleted, ElementsAre(3, 2, 1));
+}
+
+TEST_F(ItemDataContainerTest, isWhatTheEntryPointMakes) {
+  const std::unique_ptr<PluginContainer> first(get_plugin(&testAccount()));
+  const std::unique_ptr<PluginContainer> second(get_plugin(&testAccount()));
+  ASSERT_NE(dynamic_cast<ItemDataContainer*>(first.get()), nullptr);
+  EXPECT_EQ(first->getAccount(), &testAccount());
+  EXPECT_EQ(first->getModules().no(), 0) << "init is the host's call";
+  EXPECT_NE(first, second);
+}
+
+TEST_F(ItemDataContainerTest, usesTheMetaClassOfItsBase) {
+  const ItemDataContainer container(&testAccount());
+  EXPECT_EQ(container.getMetaClass(), &PluginContainer::metaClass);
+  EXPECT_EQ(FXMetaClass::getMetaClassFromName("ItemDataContainer"), nullptr);
+  EXPECT_EQ(FXMetaClass::getMetaClassFromName("InvoiceCheck"), nullptr);
+  EXPECT_EQ(FXMetaClass::getMetaClassFromName("InvoiceItemPlugin"), nullptr);
+}
+
+}  // namespace
+}  // namespace Quillane::Plugin::ItemData
