@@ -1,0 +1,84 @@
+// A new document.
+#include "host/command/AddDocumentCommand.h"
+
+#include <libintl.h>
+
+#include "host/command/ArgumentText.h"
+#include "host/document/ResultRows.h"
+#include "plugin/contract/Statement.h"
+
+using namespace FX;
+
+namespace Quillane::Commands {
+
+namespace {
+
+constexpr char kPartnerSql[] = "select name from t_partner where t_partner_id=%id";
+
+FXString today() {
+  const FXDate day = FXDate::localDate();
+  return FXStringFormat("%04d-%02d-%02d", day.year(), day.month(), day.day());
+}
+
+}  // namespace
+
+const char* AddDocumentCommand::getDescription() const {
+  return dgettext("quillane", "Új bizonylat, még tételek nélkül");
+}
+
+void AddDocumentCommand::declareOptions(OptionSet& options) {
+  options.addOption("--status", "CODE", statusText,
+                    dgettext("quillane", "az állapota; ha nincs megadva, 101, azaz kimenő számla piszkozata"));
+  options.addOption("--partner", "ID", partnerText, dgettext("quillane", "a partner azonosítója"));
+  options.addOption("--partner-number", "TEXT", partnerNumber,
+                    dgettext("quillane", "a bejövő bizonylat száma a partnernél"));
+  options.addOption("--date", "YYYY-MM-DD", dateText, dgettext("quillane", "a kelte; ha nincs megadva, a mai nap"));
+}
+
+Outcome AddDocumentCommand::readOptions() {
+  date = today();
+  Outcome outcome = statusText ? readNumber("--status", *statusText, status) : Outcome::success();
+  if (outcome.succeeded() && partnerText) outcome = readNumber("--partner", *partnerText, partner);
+  if (outcome.succeeded() && dateText) outcome = readDate("--date", *dateText, date);
+  return outcome;
+}
+
+Outcome AddDocumentCommand::setPartner(TarnwellDatabase& database, Host::Document& document) const {
+  if (partner == 0) return Outcome::success();
+  Host::ResultRows rows;
+  Statement statement(&database, kPartnerSql);
+  statement.setInt("id", partner);
+  if (!statement.execute(&rows, 0)) return Outcome::refused(database.getLastError());
+  if (rows.getNumRows() == 0) {
+    return Outcome::refused(FXStringFormat(dgettext("quillane", "Nincs #%d azonosítójú partner."), partner));
+  }
+  document.setPartner(partner, rows.getText(0, 0));
+  return Outcome::success();
+}
+
+Outcome AddDocumentCommand::run(CommandContext& context) {
+  Outcome outcome = readOptions();
+  if (!outcome.succeeded()) return outcome;
+
+  FXString error;
+  const Host::DocumentStore store = context.company.getDocuments();
+  const std::unique_ptr<Host::Document> document = store.make(status, error);
+  if (!document) return Outcome::refused(error);
+  if (document->isStatusClosed()) {
+    return Outcome::refused(
+        FXStringFormat(dgettext("quillane",
+                                "A(z) %d állapot lezárt bizonylatoké: új bizonylat piszkozatként, díjbekérőként vagy "
+                                "megrendelésként vehető fel."),
+                       status));
+  }
+  outcome = setPartner(context.company.getDatabase(), *document);
+  if (!outcome.succeeded()) return outcome;
+  document->setPartnerNumber(partnerNumber.value_or(FXString()));
+  document->setIssueDate(date);
+  document->refreshDisplayText();
+  if (!store.save(*document, error)) return Outcome::refused(error);
+  context.output.writeRecord({{"id", document->getId()}});
+  return outcome;
+}
+
+}  // namespace Quillane::Commands

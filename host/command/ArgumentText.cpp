@@ -1,0 +1,64 @@
+// Reads what people write on the command line.
+#include "host/command/ArgumentText.h"
+
+#include <libintl.h>
+
+#include "host/command/Wording.h"
+#include "host/document/TypedNumber.h"
+
+using namespace FX;
+
+namespace Quillane::Commands {
+
+namespace {
+
+constexpr FXint kMostDigits = 9;  // fits into an int
+constexpr char kDateForm[] = "0000-00-00";
+
+bool isDigit(FXchar byte) { return '0' <= byte && byte <= '9'; }
+
+bool hasDateForm(const FXString& text) {
+  if (text.length() != FXint(sizeof(kDateForm) - 1)) return false;
+  for (FXint i = 0; i < text.length(); ++i) {
+    if (kDateForm[i] == '0' ? !isDigit(text[i]) : text[i] != kDateForm[i]) return false;
+  }
+  return true;
+}
+
+int daysOfMonth(int year, int month) {
+  constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
+  return month == 2 && leap ? 29 : kDays[month - 1];
+}
+
+}  // namespace
+
+Outcome readNumber(const char* what, const FXString& text, int& number) {
+  bool digits = !text.empty() && text.length() <= kMostDigits;
+  for (FXint i = 0; i < text.length(); ++i) digits = digits && isDigit(text[i]);
+  number = digits ? FXIntVal(text) : 0;
+  if (number > 0) return Outcome::success();
+  return Outcome::wrongCall(FXStringFormat(dgettext("quillane", "%s: pozitív egész számot vár, ez nem az: „%s”."), what,
+                                           quoteText(text).text()));
+}
+
+Outcome readDate(const char* what, const FXString& text, FXString& date) {
+  date = text;
+  if (hasDateForm(text)) {
+    const int year = FXIntVal(text.left(4));
+    const int month = FXIntVal(text.mid(5, 2));
+    const int day = FXIntVal(text.mid(8, 2));
+    if (year >= 1 && month >= 1 && month <= 12 && day >= 1 && day <= daysOfMonth(year, month))
+      return Outcome::success();
+  }
+  return Outcome::wrongCall(FXStringFormat(dgettext("quillane", "%s: ÉÉÉÉ-HH-NN alakú napot vár, ez nem az: „%s”."),
+                                           what, quoteText(text).text()));
+}
+
+Outcome readDecimal(const char* what, const FXString& text, FXString& decimal) {
+  FXString error;
+  if (Host::parseTypedNumber(text, decimal, error)) return Outcome::success();
+  return Outcome::wrongCall(FXStringFormat("%s: %s", what, error.text()));
+}
+
+}  // namespace Quillane::Commands
