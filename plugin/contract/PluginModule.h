@@ -107,5 +107,33 @@ class QUILLANE_HOST_API InvoiceCheckPlugin : public PluginModule {
   InvoiceCheckPlugin() = default;
 };
 
+/// An entry in the context menu of a document's item table. The entry's command and update messages come to the hook as
+/// ID_MENU_ITEM.
+class QUILLANE_HOST_API InvoiceItemMenuPlugin : public PluginModule {
+  FXDECLARE_ABSTRACT(InvoiceItemMenuPlugin)
+ public:
+  enum { ID_MENU_ITEM = 1, ID_LAST };
+
+  /// position orders the entries of all modules, the lowest first; text has the parts of the toolkit's menu commands:
+  /// label, accelerator and help with tabs between them.
+  InvoiceItemMenuPlugin(PluginContainer* owner, int menuPosition, const FX::FXString& text)
+      : PluginModule(owner), position(menuPosition), menuText(text) {}
+
+  /// The user picked the entry; sender is the menu command. Returns 1 when it was handled.
+  virtual long onCmdMenuItem(FX::FXObject* sender, FX::FXSelector selector, void* data) = 0;
+
+  /// The entry asks whether it can be picked now: by default it always can.
+  virtual long onUpdMenuItem(FX::FXObject* sender, FX::FXSelector selector, void* data);
+
+  int getPosition() const { return position; }
+  const FX::FXString& getMenuText() const { return menuText; }
+
+ protected:
+  InvoiceItemMenuPlugin() = default;
+
+  int position = 0;
+  FX::FXString menuText;
+};
+
 }  // namespace Plugin
 }  // namespace Quillane

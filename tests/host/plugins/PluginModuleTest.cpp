@@ -43,5 +43,51 @@ TEST(EntityPlugin, isAPluginModuleForTheToolkitToo) {
   EXPECT_TRUE(InvoiceCheckPlugin::metaClass.isSubClassOf(&PluginModule::metaClass));
 }
 
+class TestMenu : public InvoiceItemMenuPlugin {
+ public:
+  TestMenu() : InvoiceItemMenuPlugin(nullptr, 3, "Mutasd...\t\t") {}
+
+  long onCmdMenuItem(FXObject* sender, FXSelector, void*) override {
+    pickedBy = sender;
+    return 1;
+  }
+
+  FXObject* pickedBy = nullptr;
+};
+
+/// A menu command as far as the hook knows it.
+class RecordingEntry : public FXObject {
+ public:
+  long handle(FXObject* sender, FXSelector selector, void*) override {
+    lastSender = sender;
+    lastSelector = selector;
+    return 1;
+  }
+
+  FXObject* lastSender = nullptr;
+  FXSelector lastSelector = 0;
+};
+
+TEST(InvoiceItemMenuPlugin, knowsItsPlaceAndItsText) {
+  const TestMenu menu;
+  EXPECT_EQ(menu.getPosition(), 3);
+  EXPECT_EQ(menu.getMenuText(), "Mutasd...\t\t");
+}
+
+TEST(InvoiceItemMenuPlugin, hearsOfItsEntryBeingPicked) {
+  TestMenu menu;
+  RecordingEntry entry;
+  EXPECT_EQ(menu.handle(&entry, FXSEL(SEL_COMMAND, InvoiceItemMenuPlugin::ID_MENU_ITEM), nullptr), 1);
+  EXPECT_EQ(menu.pickedBy, &entry);
+}
+
+TEST(InvoiceItemMenuPlugin, enablesItsEntryByDefault) {
+  TestMenu menu;
+  RecordingEntry entry;
+  EXPECT_EQ(menu.handle(&entry, FXSEL(SEL_UPDATE, InvoiceItemMenuPlugin::ID_MENU_ITEM), nullptr), 1);
+  EXPECT_EQ(entry.lastSender, &menu);
+  EXPECT_EQ(entry.lastSelector, FXSEL(SEL_COMMAND, FXWindow::ID_ENABLE));
+}
+
 }  // namespace
 }  // namespace Quillane::Plugin

@@ -17,6 +17,7 @@
 #include "plugin/contract/ManagedObjectList.h"
 #include "plugin/contract/MemoryGuard.h"
 #include "plugin/contract/Message.h"
+#include "plugin/contract/PanelProvider.h"
 #include "plugin/contract/PluginContainer.h"
 #include "plugin/contract/PluginModule.h"
 #include "plugin/contract/Schema.h"
@@ -99,6 +100,28 @@ TEST(VirtualSlots, ofEntityPlugin) {
 TEST(VirtualSlots, ofInvoiceCheckPlugin) {
   EXPECT_EQ(slotOf(&Plugin::InvoiceCheckPlugin::checkInvoice), 9);
   EXPECT_EQ(slotCount<Plugin::InvoiceCheckPlugin>(), 10);
+}
+
+TEST(VirtualSlots, ofInvoiceItemMenuPlugin) {
+  EXPECT_EQ(slotOf(&Plugin::InvoiceItemMenuPlugin::onCmdMenuItem), 9);
+  EXPECT_EQ(slotOf(&Plugin::InvoiceItemMenuPlugin::onUpdMenuItem), 10);
+  EXPECT_EQ(slotCount<Plugin::InvoiceItemMenuPlugin>(), 11);
+}
+
+TEST(VirtualSlots, ofPanelProviders) {
+  using Plugin::PanelProvider::Handler;
+  EXPECT_EQ(slotOf(&Plugin::PanelProvider::Plugin::acceptWindow), 9);
+  EXPECT_EQ(slotOf(&Plugin::PanelProvider::Plugin::getHandler), 10);
+  EXPECT_EQ(slotCount<Plugin::PanelProvider::Plugin>(), 11);
+  EXPECT_EQ(slotOf(&Handler::getIcon16), 8);
+  EXPECT_EQ(slotOf(&Handler::getPanel), 9);
+  EXPECT_EQ(slotOf(&Handler::createGUI), 10);
+  EXPECT_EQ(slotOf(&Handler::getPanelName), 11);
+  EXPECT_EQ(slotOf(&Handler::onOKButton), 12);
+  EXPECT_EQ(slotOf(&Handler::onCancelButton), 13);
+  EXPECT_EQ(slotOf(&Handler::getCodeName), 14);
+  EXPECT_EQ(slotOf(&Handler::onFocus), 15);
+  EXPECT_EQ(slotCount<Handler>(), 16);
 }
 
 TEST(VirtualSlots, ofEntitiesAndTheirAttachedData) {
