@@ -4,7 +4,6 @@
 #include <libintl.h>
 
 #include "host/document/CompanyModel.h"
-#include "plugin/contract/Statement.h"
 
 using namespace FX;
 
@@ -12,9 +11,11 @@ namespace Quillane::Commands {
 
 namespace {
 
-constexpr char kDocumentTable[] = "t_invoice";
-constexpr const char* kItemDataTables[] = {"t_itemvariable", "t_invoiceitemdata", "t_productitemdata",
-                                           "t_suiteitemdata", "t_serviceitemdata"};
+constexpr char kCountDocumentTableSql[] = "select count(*) from sqlite_master where type='table' and name='t_invoice'";
+constexpr char kCountItemDataTablesSql[] =
+    "select count(*) from sqlite_master where type='table' and name in ('t_itemvariable', 't_invoiceitemdata', "
+    "'t_productitemdata', 't_suiteitemdata', 't_serviceitemdata')";
+constexpr int kItemDataTableCount = 5;
 constexpr char kItemDataModule[] = "QuillanePluginItemData";
 
 }  // namespace
@@ -37,14 +38,14 @@ Outcome Company::open(const FXString& file) {
                        file.text(), file.text()));
   }
   if (!openDatabase(file, error)) return Outcome::refused(error);
-  if (!hasTable(kDocumentTable)) {
+  if (!hasDocuments()) {
     return Outcome::refused(FXStringFormat(
         dgettext("quillane", "Nem egy cég adatai vannak benne: %s. Adja meg a --db kapcsolóval a cég fájlját."),
         file.text()));
   }
   if (!Host::syncCompany(getDatabase(), error)) return Outcome::refused(error);
   loadModules();
-  if (isComplete()) return Outcome::success();
+  if (hasItemData()) return Outcome::success();
   return Outcome::refused(
       FXStringFormat(dgettext("quillane", "A cég adatai hiányosak: %s. Kiegészítése: quillanectl --db %s init"),
                      file.text(), file.text()));
@@ -54,7 +55,7 @@ Outcome Company::openUpToDate(const FXString& file) {
   FXString error;
   if (!openDatabase(file, error)) return Outcome::refused(error);
   const int tables = getDatabase().queryScalar("select count(*) from sqlite_master where type='table'", 1, 0);
-  if (tables > 0 && !hasTable(kDocumentTable)) {
+  if (tables > 0 && !hasDocuments()) {
     return Outcome::refused(FXStringFormat(
         dgettext("quillane", "Nem egy cég adatai vannak benne, ezért nem lesz módosítva: %s. Válasszon más fájlt."),
         file.text()));
@@ -63,7 +64,7 @@ Outcome Company::openUpToDate(const FXString& file) {
   loadModules();
   const Outcome module = requireItemDataModule();
   if (!module.succeeded()) return module;
-  if (isComplete()) return Outcome::success();
+  if (hasItemData()) return Outcome::success();
   return Outcome::refused(FXStringFormat(dgettext("quillane", "A(z) %s bővítmény nem hozta létre a tábláit. %s"),
                                          kItemDataModule, getDatabase().getLastError().text()));
 }
@@ -100,10 +101,10 @@ void Company::loadModules() {
   hooks = plugins.getEntityHooks();
 }
 
-bool Company::hasTable(const char* table) const {
-  Statement query(&getDatabase(), "select count(*) from sqlite_master where type='table' and name=%table");
-  query.setString("table", table);
-  return query.queryInt(0) > 0;
+bool Company::hasDocuments() const { return getDatabase().queryScalar(kCountDocumentTableSql, 1, 0) == 1; }
+
+bool Company::hasItemData() const {
+  return getDatabase().queryScalar(kCountItemDataTablesSql, 1, 0) == kItemDataTableCount;
 }
 
 Outcome Company::requireItemDataModule() const {
@@ -115,13 +116,6 @@ Outcome Company::requireItemDataModule() const {
                               "Nem tölthető be az egyéb tételadatok bővítménye (%s), nélküle pedig a cég fele "
                               "hiányozna. A bővítmény mappáját a QUILLANE_PLUGIN_PATH környezeti változó adja meg."),
                      kItemDataModule));
-}
-
-bool Company::isComplete() const {
-  for (const char* table : kItemDataTables) {
-    if (!hasTable(table)) return false;
-  }
-  return hasTable(kDocumentTable);
 }
 
 }  // namespace Quillane::Commands

@@ -59,8 +59,8 @@ class Company {
  private:
   bool openDatabase(const FX::FXString& file, FX::FXString& error);
   void loadModules();
-  bool hasTable(const char* table) const;
-  bool isComplete() const;
+  bool hasDocuments() const;
+  bool hasItemData() const;
 
   Tarnwell account;
   StatementObserver* observer = nullptr;  // not owned
