@@ -20,6 +20,8 @@ struct RealCase {
   std::string text;
 };
 
+void PrintTo(const RealCase& c, std::ostream* out) { *out << c.text; }
+
 class RealText : public testing::TestWithParam<RealCase> {};
 
 TEST_P(RealText, isPlain) { EXPECT_EQ(textOf(GetParam().value), GetParam().text); }

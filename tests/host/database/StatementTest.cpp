@@ -132,6 +132,8 @@ struct IntegerTextCase {
   const char* stored;  // null: refused
 };
 
+void PrintTo(const IntegerTextCase& c, std::ostream* out) { *out << testing::PrintToString(std::string(c.text)); }
+
 class IntegerText : public StatementTest, public testing::WithParamInterface<IntegerTextCase> {};
 
 TEST_P(IntegerText, isBoundOrRefused) {

@@ -17,6 +17,8 @@ struct TextCase {
   std::vector<std::string> parameters;
 };
 
+void PrintTo(const TextCase& c, std::ostream* out) { *out << testing::PrintToString(c.sql); }
+
 class ParsedText : public testing::TestWithParam<TextCase> {};
 
 TEST_P(ParsedText, hasItsParametersNumbered) {
