@@ -4,6 +4,7 @@
 #include <libintl.h>
 
 #include "host/command/ArgumentText.h"
+#include "host/document/IssueDate.h"
 #include "host/document/ResultRows.h"
 #include "plugin/contract/Statement.h"
 
@@ -14,11 +15,6 @@ namespace Quillane::Commands {
 namespace {
 
 constexpr char kPartnerSql[] = "select name from t_partner where t_partner_id=%id";
-
-FXString today() {
-  const FXDate day = FXDate::localDate();
-  return FXStringFormat("%04d-%02d-%02d", day.year(), day.month(), day.day());
-}
 
 }  // namespace
 
@@ -36,7 +32,7 @@ void AddDocumentCommand::declareOptions(OptionSet& options) {
 }
 
 Outcome AddDocumentCommand::readOptions() {
-  date = today();
+  date = Host::todayAsIssueDate();
   Outcome outcome = statusText ? readNumber("--status", *statusText, status) : Outcome::success();
   if (outcome.succeeded() && partnerText) outcome = readNumber("--partner", *partnerText, partner);
   if (outcome.succeeded() && dateText) outcome = readDate("--date", *dateText, date);

@@ -7,12 +7,6 @@ using namespace FX;
 
 namespace Quillane::Commands {
 
-namespace {
-
-constexpr char kKeyPrefix[] = "INVOICE";
-
-}  // namespace
-
 const char* CheckCommand::getDescription() const {
   return dgettext("quillane", "Egy bizonylat ellenőrzése; hiba esetén a kilépési kód 1");
 }
@@ -20,7 +14,7 @@ const char* CheckCommand::getDescription() const {
 Outcome CheckCommand::runOn(Host::Document& document, CommandContext& context) {
   Host::DocumentCheck check;
   context.company.getPlugins().addHooksTo(check);
-  check.run(document, kKeyPrefix);
+  check.run(document, Host::DocumentCheck::kKeyPrefix);
 
   Output::Json records = Output::Json::array();
   const ListOfMessage& messages = check.getMessages();

@@ -13,6 +13,9 @@ namespace Quillane::Host {
 /// The check of a document: asks the check hooks of all modules and keeps what they found.
 class DocumentCheck {
  public:
+  /// What the keys of messages about a document begin with.
+  static constexpr const char* kKeyPrefix = "INVOICE";
+
   DocumentCheck() = default;
   /// Deletes the messages.
   ~DocumentCheck();

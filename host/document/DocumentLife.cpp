@@ -11,6 +11,7 @@
 
 #include "host/document/DocumentRules.h"
 #include "host/document/DocumentWriter.h"
+#include "host/document/IssueDate.h"
 #include "host/document/OpenQuantities.h"
 #include "host/document/ResultRows.h"
 #include "host/document/Transaction.h"
@@ -24,7 +25,6 @@ namespace Quillane::Host {
 
 namespace {
 
-constexpr char kCheckPrefix[] = "INVOICE";
 constexpr int kNumberDigits = 9;
 constexpr int kLastNumber = 999'999'999;
 
@@ -58,11 +58,6 @@ FXString readName(const DocumentStore& store, int id) {
   FXString error;
   const auto document = store.load(id, error);
   return document ? nameOf(*document) : nameOf(id);
-}
-
-FXString today() {
-  const FXDate day = FXDate::localDate();
-  return FXStringFormat("%04d-%02d-%02d", day.year(), day.month(), day.day());
 }
 
 /// The id that sql finds for this document; 0 when there is none. A failure fails the transaction.
@@ -144,7 +139,7 @@ bool mayMove(const Document& stored, int seenVersion, int status, FXString& reas
 
 /// Whether the check finds no error. The findings about stored go before it does.
 bool passesCheck(DocumentCheck& check, Document& stored, FXString& reason) {
-  check.run(stored, kCheckPrefix);
+  check.run(stored, DocumentCheck::kKeyPrefix);
   const int errors = check.countErrors();
   for (FXint i = 0; i < check.getMessages().no(); ++i) {
     const Message& message = *check.getMessages()[i];
@@ -172,7 +167,7 @@ bool writeStanding(TarnwellDatabase& database, int id, const Standing& standing)
 
 void copyHead(const Document& source, Document& made) {
   made.setPartner(source.getPartnerId(), source.getPartnerName());
-  made.setIssueDate(today());
+  made.setIssueDate(todayAsIssueDate());
 }
 
 DocumentItem* addCopy(const DocumentItem& source, Document& made) {
