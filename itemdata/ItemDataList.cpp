@@ -269,14 +269,15 @@ void ItemDataList::setStatus(TarnwellDatabase*, unsigned status) {
   }
 }
 
-void ItemDataList::markRowForDelete(int row) {
+template <class RowPredicate>
+bool ItemDataList::removeOrMark(int first, int end, RowPredicate isDeleted) {
   const bool wasAscending = ascending == no();
-  const auto [first, end] = findRow(row);
+  bool found = false;
   FXint kept = first;
   for (FXint i = first; i < end; ++i) {
     ItemDataEntry* entry = at(i);
-    if (entry && entry->row == row) {
-      if (lastRow == row) lastRow = row - 1;
+    if (entry && isDeleted(entry->row)) {
+      found = true;
       if (!entry->pk) {
         delete entry;
         continue;
@@ -287,6 +288,13 @@ void ItemDataList::markRowForDelete(int row) {
   }
   if (kept < end) erase(kept, end - kept);
   ascending = wasAscending ? no() : kNotAscending;
+  return found;
+}
+
+void ItemDataList::markRowForDelete(int row) {
+  const auto [first, end] = findRow(row);
+  const bool found = removeOrMark(first, end, [row](int rowOfEntry) { return rowOfEntry == row; });
+  if (found && lastRow == row) lastRow = row - 1;
 }
 
 FXExt::FXDecimal ItemDataList::getSumQuantity() const {
@@ -393,23 +401,7 @@ void ItemDataList::dropMarkedRows() {
     rows.insert(entry->row);
     if (lastRow == entry->row) lastRow = entry->row - 1;
   }
-  if (rows.empty()) return;
-
-  const bool wasAscending = ascending == no();
-  FXint kept = 0;
-  for (FXint i = 0; i < no(); ++i) {
-    ItemDataEntry* entry = at(i);
-    if (entry && rows.count(entry->row)) {
-      if (!entry->pk) {
-        delete entry;
-        continue;
-      }
-      if (!entry->del) entry->markForDelete(1);
-    }
-    at(kept++) = entry;
-  }
-  no(kept);
-  ascending = wasAscending ? kept : kNotAscending;
+  if (!rows.empty()) removeOrMark(0, no(), [&rows](int row) { return rows.count(row) > 0; });
 }
 
 FXString ItemDataList::getPrintableRows() const {

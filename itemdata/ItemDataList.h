@@ -112,6 +112,12 @@ class ItemDataList : public ListOfEntityMiscData<ItemDataEntry> {
   void takeParametersFromSettings();
   void checkQuantities(ListOfMessage& messages, const FX::FXString& prefix) const;
   void dropMarkedRows();
+
+  /// Of the places from first to before end, removes the new entries whose row isDeleted says, and marks the stored
+  /// ones. True when there was any such entry.
+  template <class RowPredicate>
+  bool removeOrMark(int first, int end, RowPredicate isDeleted);
+
   FX::FXString getPrintableRows() const;
   FX::FXString getPrintableCounts() const;
   std::pair<int, int> findRow(int row) const;  // from the first place to the one behind the last
