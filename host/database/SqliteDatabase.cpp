@@ -11,6 +11,7 @@
 #include <system_error>
 #include <utility>
 
+#include "host/database/FoldedText.h"
 #include "host/database/RealText.h"
 #include "host/database/SqlName.h"
 #include "host/database/StatementText.h"
@@ -198,6 +199,19 @@ std::string quotedText(std::string_view text) {
   return quoted += '\'';
 }
 
+// The SQL function fold_case(text); NULL stays NULL.
+void foldCaseInSql(sqlite3_context* context, int, sqlite3_value** arguments) {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(arguments[0]));
+  if (!text) return sqlite3_result_null(context);
+  const FXString folded = foldCase(FXString(text, sqlite3_value_bytes(arguments[0])));
+  sqlite3_result_text(context, folded.text(), folded.length(), SQLITE_TRANSIENT);
+}
+
+bool addFunctions(sqlite3* handle) {
+  return sqlite3_create_function_v2(handle, "fold_case", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, foldCaseInSql,
+                                    nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
 // The place of the parenthesis that closes the column list of a "create table" text; npos when there is none.
 size_t endOfColumns(const std::string& sql) {
   int depth = 0;
@@ -234,7 +248,7 @@ std::unique_ptr<SqliteDatabase> SqliteDatabase::open(const FXString& where, FXSt
   // The first look at the file tells whether it is a database at all.
   const bool usable = opened == SQLITE_OK && runText(handle, "pragma schema_version", failure) &&
                       sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_FKEY, 1, &enforced) == SQLITE_OK &&
-                      enforced == 1;
+                      enforced == 1 && addFunctions(handle);
   if (usable) {
     // A misspelt column name must be an error and not become a text.
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);

@@ -15,6 +15,9 @@
 
 using namespace FX;
 
+// Marks a text for the catalogues where it stands; it is translated where it is shown.
+#define N_(text) text
+
 namespace Quillane::Host {
 
 namespace {
@@ -107,12 +110,12 @@ struct Status {
 
 // The names are data once they are stored; they are translated where they are shown.
 constexpr Status kStatuses[] = {
-    {101, "Kimenő számla (piszkozat)", 100, false}, {102, "Kimenő díjbekérő", 100, false},
-    {151, "Kimenő számla (lezárt)", 100, true},     {152, "Kimenő számla (sztornó)", 100, true},
-    {201, "Bejövő számla (piszkozat)", 200, false}, {202, "Bejövő díjbekérő", 200, false},
-    {251, "Bejövő számla (lezárt)", 200, true},     {252, "Bejövő számla (sztornó)", 200, true},
-    {401, "Szállítólevél (piszkozat)", 100, false}, {451, "Szállítólevél (lezárt)", 100, true},
-    {452, "Szállítólevél (sztornó)", 100, true},    {801, "Megrendelés", 100, false},
+    {101, N_("Kimenő számla (piszkozat)"), 100, false}, {102, N_("Kimenő díjbekérő"), 100, false},
+    {151, N_("Kimenő számla (lezárt)"), 100, true},     {152, N_("Kimenő számla (sztornó)"), 100, true},
+    {201, N_("Bejövő számla (piszkozat)"), 200, false}, {202, N_("Bejövő díjbekérő"), 200, false},
+    {251, N_("Bejövő számla (lezárt)"), 200, true},     {252, N_("Bejövő számla (sztornó)"), 200, true},
+    {401, N_("Szállítólevél (piszkozat)"), 100, false}, {451, N_("Szállítólevél (lezárt)"), 100, true},
+    {452, N_("Szállítólevél (sztornó)"), 100, true},    {801, N_("Megrendelés"), 100, false},
 };
 
 bool findMissingStatuses(TarnwellDatabase& database, std::vector<Status>& missing) {

@@ -34,6 +34,12 @@ DocumentItem* Document::insertItem(int index) {
   return item;
 }
 
+void Document::moveItem(int from, int to) {
+  InvoiceItem* item = items[from];
+  items.erase(from);
+  items.insert(to, item);
+}
+
 void Document::removeItem(int index) {
   std::unique_ptr<DocumentItem> item(getItem(index));
   items.erase(index);

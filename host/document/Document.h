@@ -65,6 +65,9 @@ class Document : public Invoice {
   /// Takes the item at index off the document. A stored one is kept aside until the next save, which deletes its row.
   void removeItem(int index);
 
+  /// The item at index from becomes the one at index to; those between move by one.
+  void moveItem(int from, int to);
+
   /// The stored items that were taken off since the document was loaded.
   const std::vector<std::unique_ptr<DocumentItem>>& getRemovedItems() const { return removedItems; }
 

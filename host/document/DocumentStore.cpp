@@ -15,6 +15,7 @@
 #include "host/database/Connection.h"
 #include "host/document/DocumentWriter.h"
 #include "host/document/ResultRows.h"
+#include "host/document/StatusCatalogue.h"
 #include "host/document/Transaction.h"
 #include "plugin/contract/Database.h"
 #include "plugin/contract/Statement.h"
@@ -40,9 +41,6 @@ constexpr char kStoredStateSql[] =
 constexpr char kTakenFromSql[] =
     "select count(1) from t_invoiceitem where t_invoiceitem_1=%item and t_invoice_1<>%document";
 
-/// A stored name in the user's language, where the catalogue knows it.
-FXString translated(const FXString& name) { return name.empty() ? name : FXString(dgettext("quillane", name.text())); }
-
 bool readDocument(TarnwellDatabase& database, int id, ResultRows& rows) {
   Statement query(&database, kDocumentSql);
   query.setInt("id", id);
@@ -58,7 +56,7 @@ void fillDocument(Document& document, const ResultRows& rows) {
   document.setIssueDate(rows.getText(0, 5));
   document.setPartner(rows.getInt(0, 6), rows.getText(0, 10));
   document.setCancelledDocumentId(rows.getInt(0, 7));
-  document.setStatusName(translated(rows.getText(0, 8)));
+  document.setStatusName(StatusCatalogue::translateStatusName(rows.getText(0, 8)));
   document.refreshDisplayText();
 }
 
@@ -176,7 +174,7 @@ std::unique_ptr<Document> DocumentStore::make(int status, FXString& error) const
   auto document = std::make_unique<Document>();
   const bool closed = rows.getInt(0, 1) != 0;
   document->setStatus(status, closed);
-  document->setStatusName(translated(rows.getText(0, 0)));
+  document->setStatusName(StatusCatalogue::translateStatusName(rows.getText(0, 0)));
   document->setStatusGate(closed ? 0 : 1);
   document->refreshDisplayText();
   return document;

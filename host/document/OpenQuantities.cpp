@@ -7,10 +7,8 @@
 
 #include <libintl.h>
 
-#include <algorithm>
-
+#include "host/document/ExactNumber.h"
 #include "host/document/ResultRows.h"
-#include "host/document/TypedNumber.h"
 #include "plugin/contract/Database.h"
 #include "plugin/contract/Statement.h"
 
@@ -28,28 +26,7 @@ constexpr char kTakenSql[] =
     "join t_invoice i on i.t_invoice_id=taken.t_invoice_1 "
     "where item.t_invoice_1=%document and i.t_invoicestatus_1 in (%closed, %cancelling)";
 
-constexpr int kExactDigits = 18;   // two numbers with no more digits than this, aligned, have a sum that fits
 constexpr int kStoredDigits = 15;  // of a quantity that can be stored
-
-/// A stored quantity; a text that says no number counts as 0.
-FXDecimal readQuantity(const FXString& stored) {
-  FXString number;
-  FXString error;
-  return FXDecimal(parseTypedNumber(stored, number, error) ? number : "0", 0);
-}
-
-int countDecimals(const FXDecimal& number) { return std::max(0, -number.exponent); }
-
-int countWholeDigits(const FXDecimal& number) {
-  int digits = 0;
-  for (long long rest = number.value; rest != 0; rest /= 10) ++digits;
-  return std::max(0, digits + number.exponent);
-}
-
-bool isSumExact(const FXDecimal& a, const FXDecimal& b) {
-  return std::max(countWholeDigits(a), countWholeDigits(b)) + std::max(countDecimals(a), countDecimals(b)) <=
-         kExactDigits;
-}
 
 bool readTaken(TarnwellDatabase& database, int document, const DocumentRules::Family& family, ResultRows& rows) {
   Statement query(&database, kTakenSql);
@@ -81,7 +58,7 @@ bool OpenQuantities::read(TarnwellDatabase& database, const Document& source, co
                           FXString& error) {
   open.clear();
   for (FXint i = 0; i < source.getItems().no(); ++i)
-    open.emplace(source.getItem(i)->getId(), readQuantity(source.getItem(i)->getQuantityText()));
+    open.emplace(source.getItem(i)->getId(), readStoredNumber(source.getItem(i)->getQuantityText()));
 
   ResultRows taken;
   if (!readTaken(database, source.getId(), family, taken)) {
@@ -91,7 +68,7 @@ bool OpenQuantities::read(TarnwellDatabase& database, const Document& source, co
   for (int row = 0; row < taken.getNumRows(); ++row) {
     const int item = taken.getInt(row, 0);
     FXDecimal& rest = open[item];
-    const FXDecimal quantity = readQuantity(taken.getText(row, 1));
+    const FXDecimal quantity = readStoredNumber(taken.getText(row, 1));
     if (!isSumExact(rest, quantity)) {
       error = tooManyDigits(source, item);
       return false;
@@ -109,7 +86,7 @@ bool OpenQuantities::read(TarnwellDatabase& database, const Document& source, co
 bool OpenQuantities::hasOpen(const DocumentItem& item) const {
   const auto rest = open.find(item.getId());
   if (rest == open.end()) return false;
-  const int sign = signOf(readQuantity(item.getQuantityText()));
+  const int sign = signOf(readStoredNumber(item.getQuantityText()));
   return sign != 0 && signOf(rest->second) == sign;
 }
 

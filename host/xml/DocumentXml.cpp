@@ -61,4 +61,10 @@ FXString documentToXml(const Document& document, const EntityHooks& hooks) {
   return xml.toText();
 }
 
+FXString attachedDataToXml(InvoiceItem& item, const EntityHooks& hooks) {
+  XMLBuilder::Document xml(kNameSpace, "item");
+  hooks.toXml(&item, xml.getRoot());
+  return xml.toText();
+}
+
 }  // namespace Quillane::Host

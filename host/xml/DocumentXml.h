@@ -11,4 +11,7 @@ namespace Quillane::Host {
 /// and in it whatever the modules add. data/invoice.xsd describes it. Fields that are empty are left out.
 FX::FXString documentToXml(const Document& document, const EntityHooks& hooks);
 
+/// What the modules attached to item, as XML text: two texts differ when what is attached does.
+FX::FXString attachedDataToXml(InvoiceItem& item, const EntityHooks& hooks);
+
 }  // namespace Quillane::Host

@@ -102,6 +102,18 @@ TEST(Document, takesItemsInAtAnyPlace) {
   EXPECT_EQ(document.getItem(2)->getInvoice(), &document);
 }
 
+TEST(Document, movesAnItemToItsNewPlace) {
+  Document document;
+  for (const char* name : {"A", "B", "C", "D"}) add(document, name);
+  document.moveItem(0, 2);
+  EXPECT_EQ(names(document), (Names{"B", "C", "A", "D"}));
+  document.moveItem(3, 0);
+  EXPECT_EQ(names(document), (Names{"D", "B", "C", "A"}));
+  document.moveItem(1, 1);
+  EXPECT_EQ(names(document), (Names{"D", "B", "C", "A"}));
+  EXPECT_TRUE(document.getRemovedItems().empty());
+}
+
 TEST(Document, deletesANewItemThatIsTakenOffAtOnce) {
   int living = 0;
   Document document;

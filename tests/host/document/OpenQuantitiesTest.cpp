@@ -100,6 +100,8 @@ TEST_F(OpenQuantitiesTest, refusesWhatItCannotReckonExactly) {
   EXPECT_EQ(open("100000000000000", {{151, "0.01"}}), "refused") << "the rest would have too many digits to be stored";
   EXPECT_EQ(open("10000000000000", {{151, "0.01"}}), "9999999999999.99");
   EXPECT_EQ(open("999999999999999", {{152, "999999999999999"}}), "refused");
+  EXPECT_EQ(open("0.00000000000001", {{152, "0.99999999999999"}, {152, "10000000"}}), "refused")
+      << "the decimals that became zeros are reckoned with all the same";
 }
 
 TEST_F(OpenQuantitiesTest, knowsNothingOfOtherDocumentsItems) {

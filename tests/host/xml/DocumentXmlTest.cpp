@@ -106,6 +106,23 @@ TEST(DocumentXml, holdsWhatModulesAddToTheirItems) {
   EXPECT_EQ(lint(xmlOf(document, hooks), kInvoiceSchema), "");
 }
 
+TEST(AttachedDataXml, holdsWhatModulesAddAndNothingElse) {
+  Document document;
+  DocumentItem& item = *document.addItem();
+  item.setName("A");
+  const ItemDataHook hook("urn:quillane:plugin:itemdata");
+  EntityHooks hooks;
+  hooks.add(&hook);
+  const FXString text = attachedDataToXml(item, hooks);
+  EXPECT_NE(text.find(">A</itemdata:itemdata>"), -1);
+  item.setPriceText("5");
+  item.setQuantityText("7");
+  EXPECT_EQ(attachedDataToXml(item, hooks), text);
+  item.setName("B");  // which this module repeats
+  EXPECT_NE(attachedDataToXml(item, hooks), text);
+  EXPECT_EQ(attachedDataToXml(item, EntityHooks()).find("itemdata"), -1);
+}
+
 TEST(DocumentXml, letsAnyModuleAddWhatTheSchemaDoesNotKnow) {
   Document document;
   document.addItem();
