@@ -5,18 +5,11 @@
 
 #include "host/command/ArgumentText.h"
 #include "host/document/IssueDate.h"
-#include "host/document/ResultRows.h"
-#include "plugin/contract/Statement.h"
+#include "host/document/PartnerStore.h"
 
 using namespace FX;
 
 namespace Quillane::Commands {
-
-namespace {
-
-constexpr char kPartnerSql[] = "select name from t_partner where t_partner_id=%id";
-
-}  // namespace
 
 const char* AddDocumentCommand::getDescription() const {
   return dgettext("quillane", "Új bizonylat, még tételek nélkül");
@@ -41,14 +34,10 @@ Outcome AddDocumentCommand::readOptions() {
 
 Outcome AddDocumentCommand::setPartner(TarnwellDatabase& database, Host::Document& document) const {
   if (partner == 0) return Outcome::success();
-  Host::ResultRows rows;
-  Statement statement(&database, kPartnerSql);
-  statement.setInt("id", partner);
-  if (!statement.execute(&rows, 0)) return Outcome::refused(database.getLastError());
-  if (rows.getNumRows() == 0) {
-    return Outcome::refused(FXStringFormat(dgettext("quillane", "Nincs #%d azonosítójú partner."), partner));
-  }
-  document.setPartner(partner, rows.getText(0, 0));
+  Host::Partner found;
+  FXString error;
+  if (!Host::PartnerStore(database).load(partner, found, error)) return Outcome::refused(error);
+  document.setPartner(partner, found.name);
   return Outcome::success();
 }
 

@@ -4,6 +4,7 @@
 #include <libintl.h>
 
 #include "host/command/Wording.h"
+#include "host/document/IssueDate.h"
 #include "host/document/TypedNumber.h"
 
 using namespace FX;
@@ -25,12 +26,6 @@ bool hasDateForm(const FXString& text) {
   return true;
 }
 
-int daysOfMonth(int year, int month) {
-  constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-  return month == 2 && leap ? 29 : kDays[month - 1];
-}
-
 }  // namespace
 
 Outcome readNumber(const char* what, const FXString& text, int& number) {
@@ -48,8 +43,7 @@ Outcome readDate(const char* what, const FXString& text, FXString& date) {
     const int year = FXIntVal(text.left(4));
     const int month = FXIntVal(text.mid(5, 2));
     const int day = FXIntVal(text.mid(8, 2));
-    if (year >= 1 && month >= 1 && month <= 12 && day >= 1 && day <= daysOfMonth(year, month))
-      return Outcome::success();
+    if (Host::isCalendarDay(year, month, day)) return Outcome::success();
   }
   return Outcome::wrongCall(FXStringFormat(dgettext("quillane", "%s: ÉÉÉÉ-HH-NN alakú napot vár, ez nem az: „%s”."),
                                            what, quoteText(text).text()));

@@ -2,16 +2,16 @@
 
 #include <fx.h>
 
-#include "host/command/Company.h"
 #include "host/command/OptionSet.h"
 #include "host/command/Outcome.h"
 #include "host/command/Output.h"
+#include "host/company/Company.h"
 
 namespace Quillane::Commands {
 
 /// What a command works with.
 struct CommandContext {
-  Company& company;
+  Host::Company& company;
   FX::FXString companyFile;  // as the caller named it; empty when he named none
   Output& output;
 };

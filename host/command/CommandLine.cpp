@@ -27,11 +27,11 @@
 #include "host/command/RecordCommand.h"
 #include "host/command/SaveCommand.h"
 #include "host/command/ShowCommand.h"
-#include "host/command/SqlTrace.h"
 #include "host/command/StatusCommand.h"
 #include "host/command/TextCommand.h"
 #include "host/command/Wording.h"
 #include "host/command/XmlCommand.h"
+#include "host/company/SqlTrace.h"
 
 using namespace FX;
 
@@ -42,6 +42,40 @@ namespace {
 constexpr char kFileVariable[] = "QUILLANE_DB";
 
 void say(const FXString& sentence) { std::fprintf(stderr, "quillanectl: %s\n", sentence.text()); }
+
+/// The toolkit would take options for itself out of the command line, so it gets none of it.
+void initWithoutDisplay(Tarnwell& account) {
+  static char programName[] = "quillanectl";
+  static char* arguments[] = {programName, nullptr};
+  int count = 1;
+  account.init(count, arguments, FALSE);
+}
+
+/// What a caller can do about a company that was not opened; empty when that is not known.
+FXString adviseOn(Host::Company::Refusal refusal, const FXString& file) {
+  switch (refusal) {
+    case Host::Company::NO_FILE:
+      return FXStringFormat(dgettext("quillane", "Létrehozása: quillanectl --db %s init"), file.text());
+    case Host::Company::NO_COMPANY:
+      return dgettext("quillane", "Adja meg a --db kapcsolóval a cég fájlját.");
+    case Host::Company::INCOMPLETE:
+      return FXStringFormat(dgettext("quillane", "Kiegészítése: quillanectl --db %s init"), file.text());
+    default:
+      return FXString();
+  }
+}
+
+Outcome openFile(Host::Company& company, const FXString& file) {
+  FXString error;
+  if (company.open(file, error)) return Outcome::success();
+  const FXString advice = adviseOn(company.getRefusal(), file);
+  return Outcome::refused(advice.empty() ? error : error + " " + advice);
+}
+
+Outcome openInMemory(Host::Company& company) {
+  FXString error;
+  return company.openInMemory(error) ? Outcome::success() : Outcome::refused(error);
+}
 
 /// The parser of the innermost command that was called.
 const CLI::App* findInnermost(const CLI::App* parser) {
@@ -162,8 +196,10 @@ int CommandLine::run(int argc, const char* const* argv) {
     return tellParseError(error);
   }
   Output output(stdout, json);
-  SqlTrace trace(stderr);
-  Company company;
+  Host::SqlTrace trace(stderr);
+  Tarnwell account;
+  initWithoutDisplay(account);
+  Host::Company company(account);
   if (traceSql) company.setObserver(&trace);
   const Outcome outcome = runCommand(*findCalled(), company, output);
   company.close();
@@ -197,7 +233,7 @@ Outcome CommandLine::findCompanyFile(FXString& file) const {
                                      "környezeti változóban."));
 }
 
-Outcome CommandLine::runCommand(Command& command, Company& company, Output& output) const {
+Outcome CommandLine::runCommand(Command& command, Host::Company& company, Output& output) const {
   FXString file;
   const Outcome found = findCompanyFile(file);
   Outcome outcome = openFor(command, company, file, found);
@@ -212,20 +248,21 @@ Outcome CommandLine::runCommand(Command& command, Company& company, Output& outp
   return outcome;
 }
 
-Outcome CommandLine::openFor(const Command& command, Company& company, const FXString& file,
+Outcome CommandLine::openFor(const Command& command, Host::Company& company, const FXString& file,
                              const Outcome& found) const {
   switch (command.getCompanyUse()) {
     case Command::OPENS_ITSELF:
       return found;
     case Command::COMPANY_IF_ANY:
-      return file.empty() ? company.openInMemory() : company.open(file);
+      return file.empty() ? openInMemory(company) : openFile(company, file);
     default:
       break;
   }
   if (!found.succeeded()) return found;
-  const Outcome opened = company.open(file);
+  const Outcome opened = openFile(company, file);
   if (!opened.succeeded() || command.getCompanyUse() != Command::COMPANY_WITH_MODULE) return opened;
-  return company.requireItemDataModule();
+  FXString error;
+  return company.requireItemDataModule(error) ? opened : Outcome::refused(error);
 }
 
 int CommandLine::finish(const Outcome& outcome, Output& output) const {

@@ -34,8 +34,8 @@ class CommandLine {
   Command* findCalled() const;
   int tellParseError(const CLI::ParseError& error) const;
   Outcome findCompanyFile(FX::FXString& file) const;
-  Outcome runCommand(Command& command, Company& company, Output& output) const;
-  Outcome openFor(const Command& command, Company& company, const FX::FXString& file, const Outcome& found) const;
+  Outcome runCommand(Command& command, Host::Company& company, Output& output) const;
+  Outcome openFor(const Command& command, Host::Company& company, const FX::FXString& file, const Outcome& found) const;
   int finish(const Outcome& outcome, Output& output) const;
 
   std::unique_ptr<CLI::App> parser;

@@ -10,7 +10,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "host/command/SampleCompany.h"
+#include "host/company/SampleCompany.h"
 
 using namespace FX;
 
@@ -109,9 +109,11 @@ Outcome InitCommand::create(CommandContext& context) const {
   return unfinished.finish() ? outcome : cannotCreate(context.companyFile, errno);
 }
 
-Outcome InitCommand::bringUpToDate(Company& company, const FXString& file) const {
-  const Outcome outcome = company.openUpToDate(file);
-  return outcome.succeeded() && sample ? SampleCompany::fill(company.getDatabase()) : outcome;
+Outcome InitCommand::bringUpToDate(Host::Company& company, const FXString& file) const {
+  FXString error;
+  if (!company.openUpToDate(file, error)) return Outcome::refused(error);
+  if (sample && !Host::SampleCompany::fill(company.getDatabase(), error)) return Outcome::refused(error);
+  return Outcome::success();
 }
 
 }  // namespace Quillane::Commands

@@ -16,7 +16,7 @@ class InitCommand : public Command {
  private:
   void tell(CommandContext& context, bool created) const;
   Outcome create(CommandContext& context) const;
-  Outcome bringUpToDate(Company& company, const FX::FXString& file) const;
+  Outcome bringUpToDate(Host::Company& company, const FX::FXString& file) const;
 
   bool sample = false;
 };

@@ -76,6 +76,10 @@ std::vector<FXString> PluginLoader::getDefaultFolders() {
 }
 
 void PluginLoader::load(const std::vector<FXString>& folders) {
+  if (loaded.empty()) {  // what was found before the modules were unloaded is said no more
+    rejected.clear();
+    shadowed.clear();
+  }
   for (const FXString& folder : folders)
     for (const fs::path& file : findModules(folder)) {
       std::error_code failure;

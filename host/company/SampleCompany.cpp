@@ -1,15 +1,16 @@
 // Fills a new company with the sample of data/sample-company.sql, which is compiled in: so it is there wherever the
 // program is installed.
-#include "host/command/SampleCompany.h"
+#include "host/company/SampleCompany.h"
 
 #include <libintl.h>
 
+#include "host/document/Transaction.h"
 #include "plugin/contract/Database.h"
 #include "plugin/contract/Statement.h"
 
 using namespace FX;
 
-namespace Quillane::Commands {
+namespace Quillane::Host {
 
 extern const char* const kSampleCompanyScript;
 
@@ -22,24 +23,26 @@ constexpr char kEnteredRecordsSql[] =
 
 constexpr FXint kUnknown = -1;
 
+bool isEmpty(TarnwellDatabase& database, FXString& reason) {
+  const int entered = database.queryScalar(kEnteredRecordsSql, 1, kUnknown);
+  if (entered == kUnknown) reason = database.getLastError();
+  if (entered > 0) {
+    reason = dgettext("quillane",
+                      "A mintacég csak üres cégfájlba kerülhet, ebben pedig már vannak adatok. Adjon meg egy új "
+                      "fájlt.");
+  }
+  return entered == 0;
+}
+
 }  // namespace
 
-Outcome SampleCompany::fill(TarnwellDatabase& database) {
-  if (!database.begin()) return Outcome::refused(database.getLastError());
-  const int entered = database.queryScalar(kEnteredRecordsSql, 1, kUnknown);
-  if (entered != 0) {
-    const FXString reason = database.getLastError();
-    database.rollback();
-    if (entered == kUnknown) return Outcome::refused(reason);
-    return Outcome::refused(dgettext("quillane",
-                                     "A mintacég csak üres cégfájlba kerülhet, ebben pedig már vannak "
-                                     "adatok. Adjon meg egy új fájlt."));
-  }
-  for (const FXString& sql : getStatements()) {
-    Statement statement(&database, sql);
-    if (!statement.execute(nullptr, 1)) break;  // the transaction fails by it
-  }
-  return database.commit() ? Outcome::success() : Outcome::refused(database.getLastError());
+bool SampleCompany::fill(TarnwellDatabase& database, FXString& error) {
+  return Transaction::run(database, error, [&database](FXString& reason) {
+    if (!isEmpty(database, reason)) return false;
+    for (const FXString& sql : getStatements())
+      if (!Statement(&database, sql).execute(nullptr, 1)) return false;
+    return true;
+  });
 }
 
 std::vector<FXString> SampleCompany::getStatements() { return splitScript(kSampleCompanyScript); }
@@ -55,4 +58,4 @@ std::vector<FXString> SampleCompany::splitScript(const FXString& script) {
   return statements;
 }
 
-}  // namespace Quillane::Commands
+}  // namespace Quillane::Host

@@ -1,18 +1,19 @@
 #pragma once
 
-#include <vector>
+#include <fx.h>
 
-#include "host/command/Outcome.h"
+#include <vector>
 
 class TarnwellDatabase;
 
-namespace Quillane::Commands {
+namespace Quillane::Host {
 
 /// The sample: a small Hungarian company to look around in.
 class SampleCompany {
  public:
-  /// Fills an empty company with the sample, whole or not at all. Refused when anything was entered already.
-  static Outcome fill(TarnwellDatabase& database);
+  /// Fills an empty company with the sample, whole or not at all. Refused, with a sentence in error, when anything was
+  /// entered already.
+  static bool fill(TarnwellDatabase& database, FX::FXString& error);
 
   /// The statements that fill it.
   static std::vector<FX::FXString> getStatements();
@@ -21,4 +22,4 @@ class SampleCompany {
   static std::vector<FX::FXString> splitScript(const FX::FXString& script);
 };
 
-}  // namespace Quillane::Commands
+}  // namespace Quillane::Host

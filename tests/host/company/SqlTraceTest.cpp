@@ -1,5 +1,5 @@
 // Statements as JSON lines.
-#include "host/command/SqlTrace.h"
+#include "host/company/SqlTrace.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 
 using namespace FX;
 
-namespace Quillane::Commands {
+namespace Quillane::Host {
 namespace {
 
 std::string trace(const FXString& sql, const std::vector<StatementObserver::Binding>& bindings) {
@@ -38,4 +38,4 @@ TEST(SqlTrace, keepsEveryStatementOnItsLine) {
 }
 
 }  // namespace
-}  // namespace Quillane::Commands
+}  // namespace Quillane::Host

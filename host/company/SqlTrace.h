@@ -4,7 +4,7 @@
 
 #include "plugin/contract/Database.h"
 
-namespace Quillane::Commands {
+namespace Quillane::Host {
 
 /// Writes every statement as one JSON object on a line of its own: {"sql": "...", "params": {"name": "value" or null}}.
 class SqlTrace : public StatementObserver {
@@ -18,4 +18,4 @@ class SqlTrace : public StatementObserver {
   FILE* file;  // not owned
 };
 
-}  // namespace Quillane::Commands
+}  // namespace Quillane::Host

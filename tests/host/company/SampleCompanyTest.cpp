@@ -1,5 +1,5 @@
 // The script of the sample; what the sample holds is tested with the command that makes it.
-#include "host/command/SampleCompany.h"
+#include "host/company/SampleCompany.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 
 using namespace FX;
 
-namespace Quillane::Commands {
+namespace Quillane::Host {
 namespace {
 
 TEST(SampleCompanyScript, isTakenApartAtTheEndsOfLines) {
@@ -33,4 +33,4 @@ TEST(SampleCompanyScript, fillsTheTablesOfTheHostAndOfTheItemData) {
 }
 
 }  // namespace
-}  // namespace Quillane::Commands
+}  // namespace Quillane::Host
