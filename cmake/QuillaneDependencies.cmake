@@ -8,6 +8,7 @@ find_package(CLI11 REQUIRED)
 find_package(Intl REQUIRED)
 
 find_program(QUILLANE_RESWRAP NAMES reswrap reswrap-1.6 REQUIRED)
+find_program(QUILLANE_MSGFMT NAMES msgfmt REQUIRED)
 
 # libcsv comes without a pkg-config file.
 find_path(LIBCSV_INCLUDE_DIR csv.h REQUIRED)

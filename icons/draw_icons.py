@@ -13,7 +13,6 @@ in strong colours with a red asterisk laid over their upper right corner.
 import pathlib
 import struct
 
-SIZE = 16
 TRANSPARENT = (192, 192, 192)  # what a reader sees that knows nothing of transparency
 
 OPTIONAL = {
@@ -190,7 +189,8 @@ def compress(pixels, code_size):
 def gif(picture, colours):
     """The bytes of a GIF file whose palette begins with the transparent colour."""
     lines = rows(picture)
-    assert len(lines) == SIZE and all(len(line) == SIZE for line in lines), "a picture is 16 by 16"
+    size = len(lines)
+    assert all(len(line) == size for line in lines), "a picture is as wide as it is high"
     used = sorted(set("".join(lines)) - {"."})
     index = {character: number for number, character in enumerate(["."] + used)}
     code_size = max(2, (len(index) - 1).bit_length())
@@ -201,10 +201,10 @@ def gif(picture, colours):
     return b"".join(
         [
             b"GIF89a",
-            struct.pack("<HHBBB", SIZE, SIZE, 0x80 | (code_size - 1), 0, 0),
+            struct.pack("<HHBBB", size, size, 0x80 | (code_size - 1), 0, 0),
             bytes(channel for colour in palette for channel in colour),
             b"\x21\xf9\x04\x01\x00\x00\x00\x00",  # the first colour is transparent
-            struct.pack("<BHHHHB", 0x2C, 0, 0, SIZE, SIZE, 0),
+            struct.pack("<BHHHHB", 0x2C, 0, 0, size, size, 0),
             bytes([code_size]),
             b"".join(bytes([len(data[i : i + 255])]) + data[i : i + 255] for i in range(0, len(data), 255)),
             b"\x00\x3b",

@@ -22,11 +22,17 @@ class QUILLANE_HOST_API Tarnwell : public FX::FXApp {
   /// Takes ownership of the database of the company that is open from now on; the earlier one is closed.
   void setDB(TarnwellDatabase* opened);
 
+  /// The pictures of commands that add and delete something, 16 pixels in size; owned by the account.
+  FX::FXIcon* getAddIcon() const { return addIcon; }
+  FX::FXIcon* getDeleteIcon() const { return deleteIcon; }
+
   Tarnwell(const Tarnwell&) = delete;
   Tarnwell& operator=(const Tarnwell&) = delete;
 
  private:
   TarnwellDatabase* database = nullptr;  // owned
+  FX::FXIcon* addIcon = nullptr;         // owned
+  FX::FXIcon* deleteIcon = nullptr;      // owned
 };
 
 }  // namespace Quillane

@@ -96,6 +96,19 @@ void click(const FX::FXWindow& window, int button, int x, int y) {
   runEvents(kPointerDelay);
 }
 
+void drag(const FX::FXWindow& window, int button, int fromX, int fromY, int toX, int toY) {
+  constexpr int kSteps = 4;
+  movePointer(window, fromX, fromY);
+  XTestFakeButtonEvent(connection(), button, True, CurrentTime);
+  XSync(connection(), False);
+  runEvents(kPointerDelay);
+  for (int step = 1; step <= kSteps; ++step)
+    movePointer(window, fromX + (toX - fromX) * step / kSteps, fromY + (toY - fromY) * step / kSteps);
+  XTestFakeButtonEvent(connection(), button, False, CurrentTime);
+  XSync(connection(), False);
+  runEvents(kPointerDelay);
+}
+
 void turnWheel(const FX::FXWindow& window, bool away) {
   const unsigned button = away ? Button4 : Button5;
   movePointer(window);

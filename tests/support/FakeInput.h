@@ -24,6 +24,9 @@ void movePointer(const FX::FXWindow& window, int x = -1, int y = -1);
 /// Moves the pointer there and presses and releases the button: 1 left, 2 middle, 3 right.
 void click(const FX::FXWindow& window, int button = 1, int x = -1, int y = -1);
 
+/// Presses the button over the window, moves the pointer in steps to the other place, and releases it.
+void drag(const FX::FXWindow& window, int button, int fromX, int fromY, int toX, int toY);
+
 /// Turns the wheel over the middle of the window by one notch, away from the user or back.
 void turnWheel(const FX::FXWindow& window, bool away);
 

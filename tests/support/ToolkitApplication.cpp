@@ -22,6 +22,8 @@ class Application : public FXApp {
 }  // namespace
 
 FXApp& toolkitApplication() {
+  // Programs that work with a company have their account as application already.
+  if (FXApp* application = FXApp::instance()) return *application;
   static Application application;
   return application;
 }

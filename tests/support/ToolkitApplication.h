@@ -7,7 +7,8 @@
 
 namespace TestSupport {
 
-/// The toolkit's application object, of which a process can have only one. Made by the first call, without a display.
+/// The toolkit's application object, of which a process can have only one: the account of a test company when that was
+/// asked for first. Otherwise made by the first call, without a display.
 FX::FXApp& toolkitApplication();
 
 /// Connects the application to the display that DISPLAY names, once for the process. False when there is none.
