@@ -14,6 +14,8 @@
 
 #include <libintl.h>
 
+#include <algorithm>
+#include <map>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -183,15 +185,39 @@ FXExt::FXDecimal ItemDataList::getQuantityForRow(int row) const {
 
 void ItemDataList::addRows(int count) {
   if (!settings || firstUnitIndex < 0) return;
+  // The settings' own, because the list may have leading entries that the settings do not know.
+  const int first = settings->firstUnitIndex < 0 ? firstUnitIndex : settings->firstUnitIndex;
   for (int added = 0; added < count; ++added) {
     const int row = lastRow + 1;
-    for (FXint i = firstUnitIndex; i < settings->no(); ++i) {
+    for (FXint i = first; i < settings->no(); ++i) {
       if (!settings->at(i)) continue;
       ItemDataEntry* entry = settings->at(i)->clone(owner);
       entry->row = row;
       append(entry);
     }
   }
+}
+
+bool ItemDataList::isComplete() const { return !settings || isArranged(arrange()); }
+
+void ItemDataList::completeFromSettings() {
+  if (!settings) return;
+  const std::vector<Place> places = arrange();
+  if (isArranged(places)) return;
+
+  // The numbers of rows that were deleted at the end are free again, those of the others are not.
+  int last = lastRow;
+  clear();
+  for (const Place& place : places) {
+    append(place.entry ? place.entry : cloneForRow(*place.setting, place.row));
+    if (!at(no() - 1)->del) last = std::max(last, at(no() - 1)->row);
+  }
+  lastRow = last;
+  unitColumnCount = settings->unitColumnCount;
+  firstUnitIndex = -1;
+  if (settings->firstUnitIndex < 0) return;
+  firstUnitIndex = 0;
+  while (firstUnitIndex < no() && at(firstUnitIndex)->row < 1) ++firstUnitIndex;
 }
 
 void ItemDataList::loadSettings(TarnwellDatabase* db, int status, InvoiceItem* item) {
@@ -402,6 +428,69 @@ void ItemDataList::dropMarkedRows() {
     if (lastRow == entry->row) lastRow = entry->row - 1;
   }
   if (!rows.empty()) removeOrMark(0, no(), [&rows](int row) { return rows.count(row) > 0; });
+}
+
+// The entries as completeFromSettings leaves them. Rows ascend; a row number below 1 is the item as a whole.
+std::vector<ItemDataList::Place> ItemDataList::arrange() const {
+  std::map<int, std::vector<ItemDataEntry*>> entriesOfRow;
+  entriesOfRow[0];
+  for (FXint i = 0; i < no(); ++i) {
+    if (at(i)) entriesOfRow[std::max(at(i)->row, 0)].push_back(at(i));
+  }
+  std::vector<Place> places;
+  places.reserve(no());
+  for (const auto& [row, entries] : entriesOfRow) arrangeRow(row, entries, places);
+  return places;
+}
+
+// A row number can be that of a deleted row too, whose marked entries were there first. A row that is only marked gets
+// no fields.
+void ItemDataList::arrangeRow(int row, const std::vector<ItemDataEntry*>& entries, std::vector<Place>& places) const {
+  std::vector<ItemDataEntry*> live;
+  std::vector<ItemDataEntry*> marked;
+  for (ItemDataEntry* entry : entries) (entry->del ? marked : live).push_back(entry);
+  const auto keep = [&](const std::vector<ItemDataEntry*>& kept) {
+    for (ItemDataEntry* entry : kept) places.push_back({entry, nullptr, row});
+  };
+
+  if (row > 0) keep(marked);
+  if (row == 0 || !live.empty()) {
+    const int firstUnitSetting = settings->firstUnitIndex < 0 ? settings->no() : settings->firstUnitIndex;
+    const int end = row == 0 ? firstUnitSetting : settings->no();
+    for (FXint i = row == 0 ? 0 : firstUnitSetting; i < end; ++i) {
+      const ItemDataEntry* setting = settings->at(i);
+      if (!setting) continue;
+      // Where a value is there twice, one that says something goes first.
+      const auto isOfSetting = [&](const ItemDataEntry* entry) { return entry->itemvariable == setting->itemvariable; };
+      auto found = std::find_if(live.begin(), live.end(), [&](const ItemDataEntry* entry) {
+        return isOfSetting(entry) && !entry->getValue().empty();
+      });
+      if (found == live.end()) found = std::find_if(live.begin(), live.end(), isOfSetting);
+      places.push_back({found == live.end() ? nullptr : *found, setting, row});
+      if (found != live.end()) live.erase(found);
+    }
+  }
+  keep(live);
+  if (row == 0) keep(marked);
+}
+
+bool ItemDataList::isArranged(const std::vector<Place>& places) const {
+  if (static_cast<FXint>(places.size()) != no()) return false;
+  int leading = 0;
+  for (FXint i = 0; i < no(); ++i) {
+    if (!at(i) || places[i].entry != at(i)) return false;
+    if (places[i].row == 0) ++leading;
+  }
+  return firstUnitIndex == (settings->firstUnitIndex < 0 ? -1 : leading);
+}
+
+// What is missing in a stored row was never written, and of a quantity that is "0" alone.
+ItemDataEntry* ItemDataList::cloneForRow(const ItemDataEntry& setting, int row) const {
+  ItemDataEntry* entry = setting.clone(owner);
+  entry->pk = 0;
+  entry->row = row;
+  if (entry->type == ItemDataEntry::TYPE_QUANTITY) entry->value = "0";
+  return entry;
 }
 
 FXString ItemDataList::getPrintableRows() const {

@@ -3,6 +3,7 @@
 #include <fx.h>
 
 #include <utility>
+#include <vector>
 
 #include "fxext/FXDecimal.h"
 #include "itemdata/ItemDataEntry.h"
@@ -66,6 +67,15 @@ class ItemDataList : public ListOfEntityMiscData<ItemDataEntry> {
   /// Appends count new unit rows as the settings have them.
   void addRows(int count);
 
+  /// Whether every field of the settings is there, in their order: see completeFromSettings. True without settings.
+  bool isComplete() const;
+
+  /// Brings the list into the shape of the settings, for whoever edits it: the leading entries and those of each unit
+  /// row in the order of the settings, clones for the missing ones ("0" for a quantity, which is never stored), and
+  /// firstUnitIndex the number of the leading entries. Entries of variables that the settings do not have there are
+  /// kept behind the others of their row. A list that is complete stays as it is.
+  void completeFromSettings();
+
   /// Fills a settings list with the variables assigned to the item's article for the direction of a document with this
   /// status.
   void loadSettings(TarnwellDatabase* db, int status, InvoiceItem* item);
@@ -117,6 +127,18 @@ class ItemDataList : public ListOfEntityMiscData<ItemDataEntry> {
   /// ones. True when there was any such entry.
   template <class RowPredicate>
   bool removeOrMark(int first, int end, RowPredicate isDeleted);
+
+  /// What stands at one place of the complete list: an entry, or a clone of a setting that is missing in a row.
+  struct Place {
+    ItemDataEntry* entry;
+    const ItemDataEntry* setting;
+    int row;
+  };
+
+  std::vector<Place> arrange() const;
+  void arrangeRow(int row, const std::vector<ItemDataEntry*>& entries, std::vector<Place>& places) const;
+  bool isArranged(const std::vector<Place>& places) const;
+  ItemDataEntry* cloneForRow(const ItemDataEntry& setting, int row) const;
 
   FX::FXString getPrintableRows() const;
   FX::FXString getPrintableCounts() const;
