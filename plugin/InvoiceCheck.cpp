@@ -2,6 +2,7 @@
 #include "plugin/InvoiceCheck.h"
 
 #include "itemdata/ItemDataList.h"
+#include "plugin/RepairItemDataMessageEvent.h"
 #include "plugin/contract/Invoice.h"
 #include "plugin/contract/Message.h"
 
@@ -9,7 +10,7 @@ using namespace FX;
 
 namespace Quillane::Plugin::ItemData {
 
-int InvoiceCheck::checkInvoice(FXWindow*, Invoice* invoice, ListOfMessage& messages, FXString prefix) {
+int InvoiceCheck::checkInvoice(FXWindow* window, Invoice* invoice, ListOfMessage& messages, FXString prefix) {
   // A copy: the walk is over the items that the document has now, whatever becomes of its list meanwhile.
   const FXObjectListOf<InvoiceItem> items = invoice->getItems();
   for (FXint i = 0; i < items.no(); ++i) {
@@ -17,6 +18,7 @@ int InvoiceCheck::checkInvoice(FXWindow*, Invoice* invoice, ListOfMessage& messa
     if (!list || items[i]->getArticleKind() == InvoiceItem::ARTICLE_NONE) continue;
     ListOfMessage found;
     list->check(i + 1, found, prefix);
+    for (FXint k = 0; k < found.no(); ++k) found[k]->setSecondEvent(new RepairItemDataMessageEvent(window, items[i]));
     messages.append(found);
   }
   return 1;

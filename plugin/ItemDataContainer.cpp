@@ -9,11 +9,15 @@
 #include "itemdata/ItemDataPluginList.h"
 #include "itemdata/ItemDataStringEntry.h"
 #include "plugin/InvoiceCheck.h"
+#include "plugin/InvoiceItemMenu.h"
 #include "plugin/InvoiceItemPlugin.h"
 #include "plugin/Model.h"
 #include "plugin/contract/Tarnwell.h"
 
 using namespace FX;
+
+// Marks a text for the catalogues where it stands; it is translated where it is shown.
+#define N_(text) text
 
 namespace Quillane::Plugin::ItemData {
 
@@ -21,14 +25,18 @@ namespace {
 
 // The code name is also the module's text domain.
 constexpr const char* kCodeName = "QuillanePluginItemData";
-constexpr const char* kName = "Egyéb tételadatok";
+constexpr const char* kName = N_("Egyéb tételadatok");
 constexpr const char* kVersion = "2013.01.02";
 constexpr const char* kDescription =
-    "Lehetőséget biztosít arra, hogy bizonyos áruk számlázásakor egyéb (saját) adatot is nyomtassunk a számlára.\n";
+    N_("Lehetőséget biztosít arra, hogy bizonyos áruk számlázásakor egyéb (saját) adatot is nyomtassunk a számlára.\n");
 
 // Where item data come among the hooks of all modules; deleting needs none of them.
 constexpr int kWeight = 103;
 constexpr int kNoWeight = 0;
+
+// The entry in the context menu of an item table; no accelerator and no help behind the tabs.
+constexpr const char* kMenuText = N_("Egyéb tételadatok...\t\t");
+constexpr int kMenuPosition = 0;
 
 }  // namespace
 
@@ -49,6 +57,7 @@ FXIcon* ItemDataContainer::getIcon16() { return icon16.get(); }
 // On purpose: a second call would register everything again, and what the database refuses changes nothing here.
 int ItemDataContainer::init() {
   modules.append(new InvoiceCheck(this));
+  modules.append(new InvoiceItemMenu(this, kMenuPosition, dgettext(kCodeName, kMenuText)));
   modules.append(new InvoiceItemPlugin(this, kWeight, kWeight, kNoWeight, kWeight, kWeight));
 
   plugins.append(new ItemDataStringEntry);

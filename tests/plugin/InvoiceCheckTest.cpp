@@ -5,18 +5,37 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <set>
+#include <string>
+#include <vector>
 
 #include "itemdata/ItemDataList.h"
 #include "itemdata/ItemDataStringEntry.h"
 #include "plugin/contract/Invoice.h"
 #include "plugin/contract/Message.h"
 #include "plugin/contract/PluginContainer.h"
+#include "tests/support/ModalDriver.h"
+#include "tests/support/TestCompany.h"
+#include "tests/support/TestForm.h"
 
 using namespace FX;
 using testing::ElementsAre;
+using TestSupport::ModalDriver;
 
 namespace Quillane::Plugin::ItemData {
 namespace {
+
+/// Attaches item data that lack one value for each of these variables.
+void attachMissing(InvoiceItem* item, const std::vector<const char*>& names, FXuchar mandatory = 1) {
+  auto* list = new ItemDataList(item, nullptr);
+  item->addMiscData(ItemDataList::kMiscDataKey, list);
+  for (const char* name : names) {
+    auto* entry = new ItemDataStringEntry(item);
+    entry->name = name;
+    entry->mandatory = mandatory;
+    list->append(entry);
+  }
+}
 
 /// A document in memory; the check reads no database.
 class InvoiceCheckTest : public testing::Test {
@@ -35,18 +54,6 @@ class InvoiceCheckTest : public testing::Test {
     item->setArticle(articleKind, articleKind ? 1 : 0);
     invoice.appendItem(item);
     return item;
-  }
-
-  /// Attaches item data that lack one value for each of these variables.
-  void attachMissing(InvoiceItem* item, const std::vector<const char*>& names, FXuchar mandatory = 1) {
-    auto* list = new ItemDataList(item, nullptr);
-    item->addMiscData("ItemData", list);
-    for (const char* name : names) {
-      auto* entry = new ItemDataStringEntry(item);
-      entry->name = name;
-      entry->mandatory = mandatory;
-      list->append(entry);
-    }
   }
 
   int runCheck(const char* prefix = "T") { return check.checkInvoice(nullptr, &invoice, messages, prefix); }
@@ -148,7 +155,82 @@ TEST_F(InvoiceCheckTest, leavesTheDocumentsItemsAlone) {
   EXPECT_EQ(invoice.getItems()[1], second);
 }
 
+TEST_F(InvoiceCheckTest, givesEveryMessageAnEventOfItsOwn) {
+  attachMissing(addItem(), {"Szín", "Méret"});
+  attachMissing(addItem(), {"Súly"});
+  runCheck();
+  ASSERT_EQ(messages.no(), 3);
+  std::set<const MessageEvent*> events;
+  for (FXint i = 0; i < messages.no(); ++i) {
+    EXPECT_EQ(messages[i]->getFirstEvent(), nullptr);
+    ASSERT_NE(messages[i]->getSecondEvent(), nullptr);
+    EXPECT_EQ(messages[i]->getSecondEvent()->getKind(), 2);
+    events.insert(messages[i]->getSecondEvent());
+  }
+  EXPECT_EQ(events.size(), 3u);
+}
+
+TEST_F(InvoiceCheckTest, leavesTheEventsOfOtherMessagesAlone) {
+  messages.append(new Message("OTHER", Message::ERROR, "other", "", nullptr, nullptr, nullptr));
+  attachMissing(addItem(), {"Szín"});
+  runCheck();
+  ASSERT_EQ(messages.no(), 2);
+  EXPECT_EQ(messages[0]->getSecondEvent(), nullptr);
+}
+
 TEST_F(InvoiceCheckTest, needsNoInitOfItsOwn) { EXPECT_EQ(check.init(), 0); }
+
+/// A document in its form, so that the events of the messages can be executed.
+class InvoiceCheckInFormTest : public testing::Test {
+ protected:
+  InvoiceCheckInFormTest() { testAccount(); }
+
+  ~InvoiceCheckInFormTest() override {
+    for (FXint i = 0; i < messages.no(); ++i) delete messages[i];
+  }
+
+  void runCheck() { check.checkInvoice(&form, form.getInvoice(), messages, "T"); }
+
+  /// The titles of the dialogs that the message's event opens.
+  std::vector<std::string> titlesOfEvent(FXint number) {
+    ModalDriver driver(TestSupport::accept);
+    messages[number]->getSecondEvent()->execute(messages[number], 0);
+    return driver.titles;
+  }
+
+  PluginContainer container{nullptr, "", "", "", ""};
+  InvoiceCheck check{&container};
+  TestSupport::TestForm form;
+  ListOfMessage messages;
+};
+
+TEST_F(InvoiceCheckInFormTest, givesTwoMessagesOfOneItemTwoEventsThatOpenTheDialogOnThatItem) {
+  form.addItem("Szék");
+  attachMissing(form.addItem("Asztal"), {"Szín", "Méret"});
+  runCheck();
+  ASSERT_EQ(messages.no(), 2);
+  EXPECT_NE(messages[0]->getSecondEvent(), messages[1]->getSecondEvent());
+  EXPECT_THAT(titlesOfEvent(0), ElementsAre("Asztal egyéb tételadatai"));
+  EXPECT_THAT(titlesOfEvent(1), ElementsAre("Asztal egyéb tételadatai"));
+}
+
+TEST_F(InvoiceCheckInFormTest, givesTheMessagesOfEachItemEventsForThatItem) {
+  attachMissing(form.addItem("Szék"), {"Szín"});
+  attachMissing(form.addItem("Asztal"), {"Szín"});
+  runCheck();
+  ASSERT_EQ(messages.no(), 2);
+  EXPECT_THAT(titlesOfEvent(0), ElementsAre("Szék egyéb tételadatai"));
+  EXPECT_THAT(titlesOfEvent(1), ElementsAre("Asztal egyéb tételadatai"));
+}
+
+TEST_F(InvoiceCheckInFormTest, hasTheDocumentCheckedAgainAfterAnEvent) {
+  attachMissing(form.addItem("Szék"), {"Szín"});
+  runCheck();
+  ASSERT_EQ(messages.no(), 1);
+  EXPECT_EQ(form.takeChecks(), 0);
+  titlesOfEvent(0);
+  EXPECT_EQ(form.takeChecks(), 1);
+}
 
 }  // namespace
 }  // namespace Quillane::Plugin::ItemData

@@ -11,6 +11,7 @@
 #include "itemdata/ItemDataPluginList.h"
 #include "itemdata/ItemDataStringEntry.h"
 #include "plugin/InvoiceCheck.h"
+#include "plugin/InvoiceItemMenu.h"
 #include "plugin/InvoiceItemPlugin.h"
 #include "tests/plugin/PluginTest.h"
 #include "tests/plugin/TextCatalogue.h"
@@ -80,9 +81,10 @@ TEST_F(ItemDataContainerTest, initRegistersItsHooksInOrder) {
   container.init();
 
   const FXObjectList& modules = container.getModules();
-  ASSERT_EQ(modules.no(), 2);
+  ASSERT_EQ(modules.no(), 3);
   EXPECT_NE(dynamic_cast<InvoiceCheck*>(modules[0]), nullptr);
-  EXPECT_NE(dynamic_cast<InvoiceItemPlugin*>(modules[1]), nullptr);
+  EXPECT_NE(dynamic_cast<InvoiceItemMenu*>(modules[1]), nullptr);
+  EXPECT_NE(dynamic_cast<InvoiceItemPlugin*>(modules[2]), nullptr);
   for (FXint i = 0; i < modules.no(); ++i) {
     auto* hook = dynamic_cast<PluginModule*>(modules[i]);
     ASSERT_NE(hook, nullptr);
@@ -91,11 +93,30 @@ TEST_F(ItemDataContainerTest, initRegistersItsHooksInOrder) {
   }
 }
 
+TEST_F(ItemDataContainerTest, initGivesTheMenuEntryItsPlaceAndItsText) {
+  ItemDataContainer container(&testAccount());
+  container.init();
+
+  auto* hook = dynamic_cast<InvoiceItemMenuPlugin*>(container.getModules()[1]);
+  ASSERT_NE(hook, nullptr);
+  EXPECT_EQ(hook->getPosition(), 0);
+  EXPECT_EQ(hook->getMenuText(), "Egyéb tételadatok...\t\t");
+}
+
+TEST_F(ItemDataContainerTest, initTranslatesTheTextOfTheMenuEntry) {
+  const TextCatalogue catalogue("QuillanePluginItemData", {{"Egyéb tételadatok...\t\t", "Other item data...\t\t"}});
+  ItemDataContainer container(&testAccount());
+  container.init();
+  auto* hook = dynamic_cast<InvoiceItemMenuPlugin*>(container.getModules()[1]);
+  ASSERT_NE(hook, nullptr);
+  EXPECT_EQ(hook->getMenuText(), "Other item data...\t\t");
+}
+
 TEST_F(ItemDataContainerTest, initGivesTheEntityHookItsWeights) {
   ItemDataContainer container(&testAccount());
   container.init();
 
-  auto* hook = dynamic_cast<EntityPlugin*>(container.getModules()[1]);
+  auto* hook = dynamic_cast<EntityPlugin*>(container.getModules()[2]);
   ASSERT_NE(hook, nullptr);
   EXPECT_THAT((std::vector<int>{hook->getLoadWeight(), hook->getSaveWeight(), hook->getDeleteWeight(),
                                 hook->getXmlWeight(), hook->getStringWeight()}),
@@ -133,7 +154,7 @@ TEST_F(ItemDataContainerTest, keepsInitSuccessfulWhenTheDatabaseRefuses) {
   company.run("pragma query_only=1");
   ItemDataContainer container(&testAccount());
   EXPECT_EQ(container.init(), 1);
-  EXPECT_EQ(container.getModules().no(), 2);
+  EXPECT_EQ(container.getModules().no(), 3);
   EXPECT_EQ(plugins.no(), 3);
   company.run("pragma query_only=0");
   EXPECT_EQ(company.query(kModuleTablesSql), Grid{});
@@ -143,7 +164,7 @@ TEST_F(ItemDataContainerTest, keepsRegisteringAnewOnEveryInit) {
   ItemDataContainer container(&testAccount());
   container.init();
   container.init();
-  EXPECT_EQ(container.getModules().no(), 4);
+  EXPECT_EQ(container.getModules().no(), 6);
   EXPECT_EQ(plugins.no(), 6);
 }
 
@@ -194,6 +215,7 @@ TEST_F(ItemDataContainerTest, usesTheMetaClassOfItsBase) {
   EXPECT_EQ(container.getMetaClass(), &PluginContainer::metaClass);
   EXPECT_EQ(FXMetaClass::getMetaClassFromName("ItemDataContainer"), nullptr);
   EXPECT_EQ(FXMetaClass::getMetaClassFromName("InvoiceCheck"), nullptr);
+  EXPECT_EQ(FXMetaClass::getMetaClassFromName("InvoiceItemMenu"), nullptr);
   EXPECT_EQ(FXMetaClass::getMetaClassFromName("InvoiceItemPlugin"), nullptr);
 }
 

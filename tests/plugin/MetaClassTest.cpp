@@ -12,6 +12,8 @@
 #include "itemdata/ItemDataComboEntry.h"
 #include "itemdata/ItemDataDateEntry.h"
 #include "itemdata/ItemDataStringEntry.h"
+#include "ui/ItemDataDialog.h"
+#include "ui/ItemDataTable.h"
 
 using namespace FX;
 
@@ -50,6 +52,8 @@ const Expected kExpected[] = {
     {&ItemDataStringEntry::metaClass, "ItemDataStringEntry", &FXObject::metaClass, 0},
     {&ItemDataDateEntry::metaClass, "ItemDataDateEntry", &FXObject::metaClass, 0},
     {&ItemDataComboEntry::metaClass, "ItemDataComboEntry", &FXObject::metaClass, 0},
+    {&UI::ItemDataTable::metaClass, "ItemDataTable", &FXTable::metaClass, 3},
+    {&ItemDataDialog::metaClass, "ItemDataDialog", &FXDialogBox::metaClass, 3},
     {&FXExt::FXComboBox::metaClass, "FXExt::FXComboBox", &FX::FXComboBox::metaClass, 2},
     {&FXExt::FXDatePickerLabel::metaClass, "FXDatePickerLabel", &FXLabel::metaClass, 3},
     {&FXExt::FXDatePicker::metaClass, "FXDatePicker", &FXVerticalFrame::metaClass, 9},

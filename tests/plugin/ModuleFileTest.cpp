@@ -16,7 +16,9 @@
 #include "plugin/contract/PluginContainer.h"
 #include "plugin/contract/PluginModule.h"
 #include "plugin/contract/Tarnwell.h"
+#include "tests/support/ModalDriver.h"
 #include "tests/support/TestCompany.h"
+#include "tests/support/TestForm.h"
 
 using namespace FX;
 using testing::ElementsAre;
@@ -170,6 +172,37 @@ TEST_F(ModuleInUse, livesAndIsUnloadedTwiceInOneProcess) {
   EXPECT_FALSE(isMapped());
   EXPECT_EQ(company.query("select name from t_itemvariable order by 1"), (Grid{{"Mennyiség"}, {"Szín"}}));
   EXPECT_EQ(company.query("select value from t_invoiceitemdata"), (Grid{{"piros"}}));
+}
+
+TEST_F(ModuleInUse, opensItsDialogsInTheFormAndIsUnloadedAfterwards) {
+  {
+    const LoadedModule module;
+    const std::unique_ptr<Plugin::PluginContainer> container(module.makeContainer(testAccount()));
+    ASSERT_NE(container, nullptr);
+    container->init();
+    addCompanyData();
+    TestSupport::TestForm form;
+    InvoiceItem* item = form.addItem("Szék");
+    hookOf<Plugin::EntityPlugin>(*container)->load(item);
+    auto* menu = hookOf<Plugin::InvoiceItemMenuPlugin>(*container);
+    ASSERT_NE(menu, nullptr);
+    form.table->appendPluginEntry(menu);
+    form.table->selectOnly(0);
+    TestSupport::ModalDriver driver(TestSupport::accept);
+
+    EXPECT_TRUE(form.table->runPluginEntry(menu));
+    EXPECT_THAT(driver.titles, ElementsAre("Szék egyéb tételadatai"));
+    EXPECT_EQ(form.takeChecks(), 1);
+
+    ListOfMessage messages;
+    hookOf<Plugin::InvoiceCheckPlugin>(*container)->checkInvoice(&form, form.getInvoice(), messages, "T");
+    ASSERT_EQ(messages.no(), 1);
+    messages[0]->getSecondEvent()->execute(messages[0], 0);
+    EXPECT_EQ(driver.titles.size(), 2u);
+    EXPECT_EQ(form.takeChecks(), 1);
+    delete messages[0];
+  }
+  EXPECT_FALSE(isMapped()) << "it stays in memory after it was unloaded";
 }
 
 }  // namespace

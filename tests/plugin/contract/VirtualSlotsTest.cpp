@@ -11,8 +11,12 @@
 
 #include "itemdata/ItemDataEntry.h"
 #include "itemdata/ItemDataList.h"
+#include "plugin/InvoiceCheck.h"
+#include "plugin/InvoiceItemMenu.h"
+#include "plugin/RepairItemDataMessageEvent.h"
 #include "plugin/contract/Database.h"
 #include "plugin/contract/Entity.h"
+#include "plugin/contract/Forms.h"
 #include "plugin/contract/Invoice.h"
 #include "plugin/contract/ManagedObjectList.h"
 #include "plugin/contract/MemoryGuard.h"
@@ -146,6 +150,18 @@ TEST(VirtualSlots, ofMessages) {
   EXPECT_EQ(slotCount<ListOfMessage>(), 5);
 }
 
+TEST(VirtualSlots, ofTheWindows) {
+  // What a form adds stands behind everything of the toolkit's window.
+  const int windowSlots = slotCount<FXMainWindow>();
+  EXPECT_GT(windowSlots, kObjectSlots);
+  EXPECT_EQ(slotOf(&DBForm::proposeCheckAll), windowSlots);
+  EXPECT_EQ(slotCount<DBForm>(), windowSlots + 2) << "the check follows";
+  EXPECT_EQ(slotOf(&InvoiceForm::getInvoice), windowSlots + 2);
+  EXPECT_EQ(slotCount<InvoiceForm>(), windowSlots + 3);
+  EXPECT_EQ(slotCount<InvoiceItemTable>(), slotCount<FXTable>());
+  EXPECT_EQ(slotOf(&InvoiceItemTable::getForm), -1);
+}
+
 TEST(VirtualSlots, ofTheDatabase) {
   EXPECT_EQ((Slots{slotOf(&TarnwellDatabase::queryScalar), slotOf(&TarnwellDatabase::nextKey),
                    slotOf(&TarnwellDatabase::begin), slotOf(&TarnwellDatabase::commit),
@@ -211,6 +227,19 @@ TEST(VirtualSlots, ofItemDataListAreThoseOfItsBase) {
   EXPECT_EQ(slotCount<ItemDataList>(), 9);
   EXPECT_EQ(slotOf<int (ItemDataList::*)(TarnwellDatabase*)>(&ItemDataList::save), -1);
   EXPECT_EQ(slotOf(&ItemDataList::toXml), -1);
+}
+
+TEST(VirtualSlots, ofTheModulesHooksAreThoseOfTheirBases) {
+  using Plugin::ItemData::InvoiceCheck;
+  using Plugin::ItemData::InvoiceItemMenu;
+  using Plugin::ItemData::RepairItemDataMessageEvent;
+  EXPECT_EQ(slotOf(&InvoiceCheck::checkInvoice), 9);
+  EXPECT_EQ(slotCount<InvoiceCheck>(), slotCount<Plugin::InvoiceCheckPlugin>());
+  EXPECT_EQ(slotOf(&InvoiceItemMenu::onCmdMenuItem), 9);
+  EXPECT_EQ(slotOf(&InvoiceItemMenu::onUpdMenuItem), 10);
+  EXPECT_EQ(slotCount<InvoiceItemMenu>(), slotCount<Plugin::InvoiceItemMenuPlugin>());
+  EXPECT_EQ(slotOf(&RepairItemDataMessageEvent::execute), 0);
+  EXPECT_EQ(slotCount<RepairItemDataMessageEvent>(), slotCount<MessageEvent>());
 }
 
 }  // namespace
