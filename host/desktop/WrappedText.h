@@ -1,0 +1,11 @@
+#pragma once
+
+#include <fx.h>
+
+namespace Quillane::Desktop {
+
+/// text with line breaks between words, so that no line has more than so many characters; a longer word keeps a line
+/// of its own. Message boxes do not break lines by themselves.
+FX::FXString wrapText(const FX::FXString& text, int lineLength = 80);
+
+}  // namespace Quillane::Desktop
