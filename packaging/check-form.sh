@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The checks of form: formatting, order of the folders, white space, executable bits. Changes nothing.
+# The checks of form: formatting, order of the folders, translations, white space, executable bits. Changes nothing.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
 
@@ -17,6 +17,8 @@ mapfile -t sources < <(printf '%s\n' "${files[@]}" | grep -E '\.(h|cpp)$')
 clang-format --dry-run -Werror "${sources[@]}" || complain "clang-format -i puts these in form."
 
 packaging/check-folders.sh || complain "Folders include only what ARCHITECTURE.md allows them."
+
+packaging/update-catalogues.sh --check || complain "The texts and their translations do not match."
 
 for file in "${files[@]}"; do
   if [ "$(head -c 2 "$file" | tr -d '\0')" = '#!' ]; then

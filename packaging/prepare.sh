@@ -9,7 +9,9 @@ esac
 
 # needed_packages PURPOSE...: the packages of packaging/debian-packages that are needed for these purposes.
 needed_packages() {
-  awk -v purposes=" $* " '!/^#/ && NF && index(purposes, " " $2 " ") { print $1 }' packaging/debian-packages
+  awk -v purposes=" $* " '
+    !/^#/ { for (i = 2; i <= NF; ++i) if (index(purposes, " " $i " ")) { print $1; next } }
+  ' packaging/debian-packages
 }
 
 # missing_packages PURPOSE...: those of them that are not installed.
