@@ -205,7 +205,7 @@ void ItemDataDialog::createTable(FXComposite* container) {
 
 void ItemDataDialog::createMenu() {
   const auto* account = static_cast<Tarnwell*>(getApp());
-  // The keys of the menu work while the dialog is active, because it owns the menu. The earlier menu goes firstNew:
+  // The keys of the menu work while the dialog is active, because it owns the menu. The earlier menu goes first:
   // with it go the keys.
   table->setMenu(nullptr);
   auto* menu = new FXMenuPane(this);
