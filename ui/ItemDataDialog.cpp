@@ -70,11 +70,15 @@ void makeReadOnly(FXWindow* widget) {
 
 }  // namespace
 
-// What FXIMPLEMENT writes, and behind it: whoever opens the dialog can type at once.
+// What FXIMPLEMENT writes, and behind it: whoever opens the dialog can type at once. The fields get their texts first,
+// for one that has the keyboard no longer asks for its own and would stay empty, to be typed over.
 long ItemDataDialog::handle(FXObject* sender, FXSelector sel, void* ptr) {
   const auto* entry = static_cast<const FXMapEntry*>(metaClass.search(sel));
   const long handled = entry ? (this->*entry->func)(sender, sel, ptr) : FXDialogBox::handle(sender, sel, ptr);
-  if (sel == FXSEL(SEL_FOCUSIN, 0) && !getFocus()) handle(this, FXSEL(SEL_FOCUS_NEXT, 0), ptr);
+  if (sel == FXSEL(SEL_FOCUSIN, 0) && !getFocus()) {
+    forceRefresh();
+    handle(this, FXSEL(SEL_FOCUS_NEXT, 0), ptr);
+  }
   return handled;
 }
 
@@ -153,9 +157,10 @@ long ItemDataDialog::onDeleteRow(FXObject*, FXSelector, void* ptr) {
 }
 
 long ItemDataDialog::onChange(FXObject*, FXSelector, void* ptr) {
-  const auto& range = *static_cast<FXTableRange*>(ptr);
-  for (FXint row = range.fm.row; table && row <= range.to.row; ++row) {
-    for (FXint column = range.fm.col; column <= range.to.col; ++column) {
+  const auto* range = static_cast<const FXTableRange*>(ptr);
+  if (!table || !range) return 1;
+  for (FXint row = range->fm.row; row <= range->to.row; ++row) {
+    for (FXint column = range->fm.col; column <= range->to.col; ++column) {
       const ItemDataEntry* entry = table->getEntry(row, column);
       if (entry && entry->type == ItemDataEntry::TYPE_QUANTITY) triggerQtyChange(row, column);
     }

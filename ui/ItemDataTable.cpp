@@ -198,6 +198,7 @@ long ItemDataTable::onContextMenu(FXObject* sender, FXSelector sel, void* ptr) {
   const auto* event = static_cast<FXEvent*>(ptr);
   if (!menu || event->moved) return 1;
   menu->popup(nullptr, event->root_x, event->root_y);
+  menu->grabKeyboard();  // or the menu would not hear of any key; hiding it ends the grab
   getApp()->runModalWhileShown(menu);
   return 1;
 }
@@ -205,8 +206,8 @@ long ItemDataTable::onContextMenu(FXObject* sender, FXSelector sel, void* ptr) {
 long ItemDataTable::onAddRow(FXObject*, FXSelector, void*) {
   if (!isEditable()) return 1;
   appendRow();
-  killSelection(TRUE);
-  setCurrentItem(getNumRows() - 1, std::max(current.col, 0), TRUE);
+  killSelection();
+  setCurrentItem(getNumRows() - 1, std::max(current.col, 0));
   setAnchorItem(current.row, current.col);
   makePositionVisible(current.row, current.col);
   return 1;
@@ -263,11 +264,12 @@ void ItemDataTable::goToNextRow(const FXEvent& tab) {
   makePositionVisible(current.row, current.col);
 }
 
-// The menu's commands mean the current row; without this that would be another one than was clicked.
+// The menu's commands mean the current row and the rows that are selected whole; without this they would mean another
+// one than was clicked.
 void ItemDataTable::goToClickedCell(const FXEvent& click) {
   const FXint row = rowAtY(click.win_y);
   const FXint column = colAtX(click.win_x);
-  if (!isCell(row, column) || isItemSelected(row, column)) return;
+  if (!isCell(row, column) || isRowSelected(row) || (row == current.row && isItemSelected(row, column))) return;
   killSelection(TRUE);
   setCurrentItem(row, column, TRUE);
   setAnchorItem(row, column);

@@ -258,6 +258,7 @@ TEST_F(ItemDataDialogTest, answersEveryMessageOfItsMap) {
   EXPECT_EQ(dialog->handle(nullptr, FXSEL(SEL_COMMAND, 88), nullptr), 1);
   EXPECT_EQ(dialog->handle(nullptr, FXSEL(SEL_COMMAND, 89), nullptr), 1);
   EXPECT_EQ(dialog->handle(nullptr, FXSEL(SEL_REPLACED, 63), &range), 1);
+  EXPECT_EQ(dialog->handle(nullptr, FXSEL(SEL_REPLACED, 63), nullptr), 1);
 }
 
 TEST_F(ItemDataDialogTest, passesOverAnIndexThatIsNoRow) {

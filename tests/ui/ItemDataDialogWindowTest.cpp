@@ -315,6 +315,21 @@ TEST_F(ItemDataDialogWindow, choosesAndDatesByTheKeyboardAlone) {
   EXPECT_EQ(lines(*list), (Lines{"0 15 'zöld'", "0 12 '2024.09.26'"}));
 }
 
+// The activation of a window can come before the first idle moment, in which fields take over the texts of entries.
+TEST_F(ItemDataDialogWindow, showsWhatIsRecordedInTheFieldThatGetsTheKeyboardAtOnce) {
+  for (const int variable : {11, 12, 15}) {
+    const std::string value = variable == 12 ? "2024.09.18" : variable == 15 ? "kék" : "R-1";
+    open(store({variable}, {"0 " + std::to_string(variable) + " '" + value + "'"}));
+    dialog->create();
+    FXEvent event{};
+    event.type = SEL_FOCUSIN;
+    dialog->handle(&testAccount(), FXSEL(SEL_FOCUSIN, 0), &event);
+    const FXTextField* field = widgetsIn<FXTextField>(*dialog).at(0);
+    EXPECT_TRUE(field->hasFocus());
+    EXPECT_EQ(text(field->getText()), value);
+  }
+}
+
 // ---- the mouse
 
 TEST_F(ItemDataDialogWindow, recordsByTheMouseAlone) {
@@ -387,6 +402,34 @@ TEST_F(ItemDataDialogWindow, addsAndDeletesRowsByItsMenu) {
   EXPECT_EQ(lines(*list), (Lines{"1 -1 '1'", "1 13 'A'", "3 -1 '1'", "3 13 'C'", "4 -1 '3'", "4 13 ''"}));
 }
 
+TEST_F(ItemDataDialogWindow, leavesAndUsesItsMenuByKeys) {
+  ItemDataList* list = store({13}, {"1 -1 '1'", "1 13 'A'"});
+  run(list, [&] {
+    const auto entries = widgetsIn<FXMenuCommand>(*table()->getMenu());
+    const auto isOpen = [&] { return isOnScreen(*entries[1]); };
+    {
+      const Meanwhile inMenu(isOpen, [&] {
+        typeKey("Escape");
+        EXPECT_SOON(!table()->getMenu()->shown());
+        if (table()->getMenu()->shown()) click(*dialog, 1, 2, 2);
+      });
+      clickCell(0, 1, kRight);
+    }
+    EXPECT_TRUE(dialog->shown());
+    {
+      const Meanwhile inMenu(isOpen, [&] {
+        typeKey("Down");
+        typeKey("Return");
+        EXPECT_SOON(!table()->getMenu()->shown());
+        if (table()->getMenu()->shown()) click(*dialog, 1, 2, 2);
+      });
+      clickCell(0, 1, kRight);
+    }
+    EXPECT_SOON(table()->getNumRows() == 2);
+    click(*okButton());
+  });
+}
+
 TEST_F(ItemDataDialogWindow, showsNoMenuAfterADragAndDoesNotSwallowTheNextClick) {
   ItemDataList* list = store({13}, {"1 -1 '1'", "1 13 'A'", "2 -1 '1'", "2 13 'B'"});
   run(list, [&] {
@@ -415,6 +458,23 @@ TEST_F(ItemDataDialogWindow, keepsTheSelectionThatIsClickedForTheMenu) {
   });
 }
 
+// Cells of several rows can be selected without their rows being selected; the menu's commands are about rows.
+TEST_F(ItemDataDialogWindow, goesToTheClickedRowAmongSelectedCells) {
+  ItemDataList* list = store({13}, {"1 -1 '1'", "1 13 'A'", "2 -1 '1'", "2 13 'B'", "3 -1 '1'", "3 13 'C'"});
+  run(list, [&] {
+    const FXTablePos from = cellAt(0, 1);
+    const FXTablePos to = cellAt(2, 1);
+    TestSupport::drag(*table(), 1, from.col, from.row, to.col, to.row);
+    EXPECT_TRUE(table()->isItemSelected(1, 1));
+    const auto entries = widgetsIn<FXMenuCommand>(*table()->getMenu());
+    const Meanwhile inMenu([&] { return isOnScreen(*entries[1]); }, [&] { click(*entries[1]); });
+    clickCell(0, 1, kRight);
+    EXPECT_SOON(table()->getNumRows() == 2);
+    click(*okButton());
+  });
+  EXPECT_EQ(lines(*list), (Lines{"2 -1 '1'", "2 13 'B'", "3 -1 '1'", "3 13 'C'"}));
+}
+
 // ---- what is being typed when the dialog closes
 
 TEST_F(ItemDataDialogWindow, takesOverWhatIsTypedInACellHoweverItCloses) {
@@ -438,6 +498,9 @@ TEST_F(ItemDataDialogWindow, takesOverWhatIsTypedInACellHoweverItCloses) {
       closing();
     });
     dialog->execute(PLACEMENT_SCREEN);
+    if (!dialog->shown()) {
+      EXPECT_EQ(text(list->at(1)->value), "SN-1") << name << ", before the dialog is gone";
+    }
     dialog.reset();
     EXPECT_EQ(lines(*list), (Lines{"1 -1 '1'", "1 13 'SN-1'"})) << name;
   }

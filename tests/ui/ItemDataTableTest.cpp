@@ -6,6 +6,7 @@
 #include <chrono>
 #include <string>
 
+#include "tests/support/RecordingTarget.h"
 #include "tests/ui/DialogFixture.h"
 
 using namespace FX;
@@ -183,6 +184,25 @@ TEST_F(ItemDataTableTest, worksWithoutATarget) {
   bare->setCurrentItem(0, 0);
   bare->handle(nullptr, FXSEL(SEL_COMMAND, 89), nullptr);
   EXPECT_EQ(bare->getNumRows(), 1);
+}
+
+TEST_F(ItemDataTableTest, tellsItsTargetOfEachRowOnceAndOfNothingElse) {
+  TestSupport::RecordingTarget target([](const void*) { return std::string(); });
+  auto* bare = new ItemDataTable(window.get(), &target, 7, 0, 0, 0, 0, 0, 2, 2, 2, 2);
+  bare->setTableSize(2, 2);
+  bare->setCurrentItem(0, 0);
+  bare->handle(nullptr, FXSEL(SEL_COMMAND, 88), nullptr);
+  EXPECT_EQ(target.take(), (Lines{"COMMAND 88"}));
+  EXPECT_EQ(target.lastSender, bare);
+  EXPECT_EQ(target.lastData, static_cast<FXObject*>(bare));
+  EXPECT_EQ(bare->getNumRows(), 3);
+
+  bare->setCurrentItem(1, 0);
+  bare->handle(nullptr, FXSEL(SEL_COMMAND, 89), nullptr);
+  EXPECT_EQ(target.take(), (Lines{"COMMAND 89"}));
+  EXPECT_EQ(target.lastSender, bare);
+  EXPECT_EQ(target.lastData, reinterpret_cast<void*>(FXival(1)));
+  EXPECT_EQ(bare->getNumRows(), 2);
 }
 
 }  // namespace
