@@ -23,3 +23,24 @@ function(quillane_object_library name)
   set_target_properties(${name} PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON
                                            POSITION_INDEPENDENT_CODE ON)
 endfunction()
+
+# quillane_icon_library(NAME HEADER FOLDER IMAGE...): images as arrays of bytes, declared in HEADER (its path from the
+# include directory, without .h), each named as its file in FOLDER. Header and source are made in the build tree by the
+# toolkit's reswrap.
+function(quillane_icon_library name header folder)
+  set(include_dir "${CMAKE_CURRENT_BINARY_DIR}/generated")
+  set(generated "${include_dir}/${header}")
+  get_filename_component(generated_dir "${generated}" DIRECTORY)
+  file(MAKE_DIRECTORY "${generated_dir}")
+  list(TRANSFORM ARGN PREPEND "${folder}/" OUTPUT_VARIABLE image_paths)
+  add_custom_command(
+    OUTPUT "${generated}.cpp" "${generated}.h"
+    COMMAND "${QUILLANE_RESWRAP}" -e -o "${generated}.cpp" ${ARGN}
+    COMMAND "${QUILLANE_RESWRAP}" -i -e -o "${generated}.h" ${ARGN}
+    DEPENDS ${image_paths}
+    WORKING_DIRECTORY "${folder}"
+    COMMENT "Wrapping the images of ${name}"
+    VERBATIM)
+  quillane_object_library(${name} "${generated}.cpp" "${generated}.h")
+  target_include_directories(${name} PUBLIC "${include_dir}")
+endfunction()
