@@ -94,6 +94,7 @@ bool DesktopProgram::openDisplay(Tarnwell& account) {
 
 void DesktopProgram::setLook(Tarnwell& account) {
   Host::Translator::install(account);
+  new FXToolTip(&account);  // what shows the windows' tips; owned by the root window
   if (account.reg().existingEntry("SETTINGS", "normalfont")) return;  // the user's own choice
   account.getNormalFont()->setFont(kFont);
 }

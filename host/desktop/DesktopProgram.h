@@ -34,12 +34,14 @@ class DesktopProgram {
   static bool readOptions(int argc, const char* const* argv, DesktopOptions& options, int& exitStatus,
                           FILE* output = stdout, FILE* errors = stderr);
 
+  /// Gives all windows their language, their font and what shows their tips. Once for a program.
+  static void setLook(Tarnwell& account);
+
   DesktopProgram(const DesktopProgram&) = delete;
   DesktopProgram& operator=(const DesktopProgram&) = delete;
 
  private:
   static bool openDisplay(Tarnwell& account);
-  static void setLook(Tarnwell& account);
   static bool openFirstCompany(MainWindow& window, const CompanyFile& companyFile, const DesktopOptions& options);
   static bool askForCompany(MainWindow& window);
 };

@@ -5,13 +5,20 @@
 
 #include <algorithm>
 
+#include "host/desktop/WrappedText.h"
 #include "host/document/NumberText.h"
 
 using namespace FX;
 
 namespace Quillane::Desktop {
 
-FXIMPLEMENT(DocumentItemTable, InvoiceItemTable, nullptr, 0)
+FXDEFMAP(DocumentItemTable)
+documentItemTableMap[] = {
+    FXMAPFUNC(SEL_QUERY_TIP, 0, DocumentItemTable::onQueryTip),
+};
+static_assert(ARRAYNUMBER(documentItemTableMap) == 1);
+
+FXIMPLEMENT(DocumentItemTable, InvoiceItemTable, documentItemTableMap, ARRAYNUMBER(documentItemTableMap))
 
 #define N_(text) text
 
@@ -30,10 +37,10 @@ struct ColumnForm {
 };
 
 constexpr ColumnForm kColumns[DocumentItemTable::COLUMN_COUNT] = {
-    {"#", 4, FXTableItem::RIGHT},
-    {N_("Fajta"), 11, FXTableItem::LEFT},
-    {N_("Megnevezés"), 33, FXTableItem::LEFT},
-    {N_("Mennyiség"), 11, FXTableItem::RIGHT},
+    {"#", 3, FXTableItem::RIGHT},
+    {N_("Fajta"), 12, FXTableItem::LEFT},
+    {N_("Megnevezés"), 28, FXTableItem::LEFT},
+    {N_("Mennyiség"), 10, FXTableItem::RIGHT},
     {N_("Egység"), 8, FXTableItem::LEFT},
     {N_("Egységár"), 11, FXTableItem::RIGHT},
     {N_("Érték"), 11, FXTableItem::RIGHT},
@@ -123,6 +130,24 @@ void DocumentItemTable::showItem(const DocumentSession& session, int row) {
     setItemText(row, column, texts[column]);
     setItemJustify(row, column, kColumns[column].justify | FXTableItem::CENTER_Y);
   }
+}
+
+FXString DocumentItemTable::getCutOffText(int row, int column) const {
+  if (row < 0 || row >= getNumRows() || column < 0 || column >= getNumColumns()) return FXString::null;
+  const FXString text = getItemText(row, column);
+  const bool fits = getFont()->getTextWidth(text) + 2 * kCellMargin <= getColumnWidth(column);
+  return fits ? FXString::null : text;
+}
+
+long DocumentItemTable::onQueryTip(FXObject* sender, FXSelector, void*) {
+  FXint x = 0;
+  FXint y = 0;
+  FXuint buttons = 0;
+  getCursorPosition(x, y, buttons);
+  FXString text = wrapText(getCutOffText(rowAtY(y), colAtX(x)));
+  if (text.empty()) return 0;
+  sender->handle(this, FXSEL(SEL_COMMAND, ID_SETSTRINGVALUE), &text);
+  return 1;
 }
 
 int DocumentItemTable::getCurrentItemIndex() const {

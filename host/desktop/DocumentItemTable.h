@@ -26,8 +26,14 @@ class DocumentItemTable : public InvoiceItemTable {
   /// The index of the current item, -1 when there is none.
   int getCurrentItemIndex() const;
 
+  /// The text of a cell that is too narrow for it; empty when all of it can be read, or when there is no such cell.
+  FX::FXString getCutOffText(int row, int column) const;
+
   /// Gives the last column what room the others leave.
   void layout() override;
+
+  /// Shows what is cut off of the cell below the pointer.
+  long onQueryTip(FX::FXObject* sender, FX::FXSelector selector, void* data);
 
   DocumentItemTable(const DocumentItemTable&) = delete;
   DocumentItemTable& operator=(const DocumentItemTable&) = delete;

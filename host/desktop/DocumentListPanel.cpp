@@ -33,12 +33,16 @@ constexpr int kDraftsBehind = 10000000;  // what has no number yet stands behind
 
 enum Column { NUMBER, PARTNER, DATE, STATUS, SUM };
 
+/// The number as it is shown: what has none yet is called by its key.
+FXString shownNumber(const Host::DocumentRow& document) {
+  return document.number.empty() ? FXStringFormat("#%d", document.id) : document.number;
+}
+
 RecordList::Row makeRow(const Host::DocumentRow& document) {
-  const FXString key = FXStringVal(document.id);
   RecordList::Row row;
   row.id = document.id;
-  row.texts = {document.number.empty() ? "#" + key : document.number, document.partner, document.date,
-               document.statusName, document.sum.empty() ? FXString("–") : Host::displayNumber(document.sum)};
+  row.texts = {shownNumber(document), document.partner, document.date, document.statusName,
+               document.sum.empty() ? FXString("–") : Host::displayNumber(document.sum)};
   row.sortKeys = {document.number.empty() ? FXStringVal(kDraftsBehind + document.id) : document.number,
                   document.partner, document.date, document.statusName, document.sum};
   return row;
@@ -79,7 +83,7 @@ void DocumentListPanel::createList() {
   list->addColumn(dgettext("quillane", "Szám"), 80, RecordList::RIGHT);
   list->addColumn(dgettext("quillane", "Partner"), 260);
   list->addColumn(dgettext("quillane", "Dátum"), 100);
-  list->addColumn(dgettext("quillane", "Állapot"), 190);
+  list->addColumn(dgettext("quillane", "Állapot"), 250);
   list->addColumn(dgettext("quillane", "Összeg"), 130, RecordList::RIGHT);
   list->setStretchColumn(PARTNER);
   list->allowSeveral();
@@ -125,6 +129,10 @@ bool DocumentListPanel::search(FXString& error) {
   }
   std::set<int> found;
   if (!Host::DocumentList::find(*account->getDB(), text, found, error)) return false;
+  // What stands in the list for a missing number is found as well, by its mark.
+  if (text[0] == '#')
+    for (const Host::DocumentRow& document : documents)
+      if (shownNumber(document).find(text) >= 0) found.insert(document.id);
   list->setVisibleIds(found);
   if (list->getNumShown() > 0 && list->getCurrentId() == 0) list->setCurrentId(list->getShownIds().front());
   return true;

@@ -5,12 +5,7 @@
 //  3. Whatever works on stored data works on the newest copy; unsaved changes were stored or given up before.
 #include "host/desktop/DocumentSession.h"
 
-#include <libintl.h>
-
-#include <cerrno>
-#include <cstring>
-#include <fstream>
-
+#include "host/desktop/XmlFile.h"
 #include "host/document/DocumentLife.h"
 #include "host/document/DocumentStore.h"
 #include "host/document/IssueDate.h"
@@ -37,17 +32,6 @@ bool isSame(const ItemInput& left, const ItemInput& right) {
 
 bool hasArticle(const Host::DocumentItem& item, const ItemInput& input) {
   return item.getArticleKind() == input.articleKind && item.getArticleId() == input.articleId;
-}
-
-/// Writes text to file; false with the reason when it cannot be.
-bool writeFile(const FXString& file, const FXString& text, FXString& reason) {
-  errno = 0;
-  std::ofstream stream(file.text(), std::ios::binary | std::ios::trunc);
-  stream.write(text.text(), text.length());
-  stream.close();
-  if (stream) return true;
-  reason = std::strerror(errno);
-  return false;
 }
 
 }  // namespace
@@ -188,13 +172,7 @@ bool DocumentSession::deleteDocument(FXString& error) {
 }
 
 bool DocumentSession::exportXml(const FXString& file, FXString& error) const {
-  const std::unique_ptr<Host::Document> stored = company.getDocuments().load(document->getId(), error);
-  if (!stored) return false;
-  FXString reason;
-  if (writeFile(file, Host::documentToXml(*stored, company.getHooks()), reason)) return true;
-  error = FXStringFormat(dgettext("quillane", "A bizonylat (%s) nem írható ide: %s. %s."),
-                         stored->getDisplayText().text(), file.text(), reason.text());
-  return false;
+  return XmlFile::write(company, document->getId(), document->getDisplayText(), file, error);
 }
 
 // ---- the check ----

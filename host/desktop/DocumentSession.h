@@ -57,7 +57,6 @@ class DocumentSession {
   bool wouldLoseValues(int index, const ItemInput& input) const;
 
   /// Takes the item off.
-
   void removeItem(int index);
 
   /// The item becomes the one with index to.
@@ -82,7 +81,7 @@ class DocumentSession {
   /// Deletes the stored document. The session keeps an empty one.
   bool deleteDocument(FX::FXString& error);
 
-  /// Writes the stored document as XML to a file.
+  /// Writes the stored document as XML to a file; one that exists is replaced, once the new one is written.
   bool exportXml(const FX::FXString& file, FX::FXString& error) const;
 
   /// Checks the document; the findings stand in place of the earlier ones. window is what their events open dialogs

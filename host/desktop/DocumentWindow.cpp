@@ -17,6 +17,8 @@
 #include "host/desktop/ItemDialog.h"
 #include "host/desktop/MessageListPanel.h"
 #include "host/desktop/UnsavedChangesDialog.h"
+#include "host/desktop/WrappedText.h"
+#include "host/desktop/XmlFile.h"
 #include "host/document/DocumentRules.h"
 #include "host/document/NumberText.h"
 #include "plugin/contract/PluginContainer.h"
@@ -30,6 +32,7 @@ using Host::Icon;
 
 FXDEFMAP(DocumentWindow)
 documentWindowMap[] = {
+    FXMAPFUNC(SEL_KEYPRESS, 0, DocumentWindow::onKeyPress),
     FXMAPFUNC(SEL_COMMAND, DocumentWindow::ID_SAVE, DocumentWindow::onSave),
     FXMAPFUNC(SEL_COMMAND, DocumentWindow::ID_CHECK, DocumentWindow::onCheck),
     FXMAPFUNC(SEL_COMMAND, DocumentWindow::ID_NEXT_PROBLEM, DocumentWindow::onNextProblem),
@@ -55,7 +58,7 @@ documentWindowMap[] = {
                DocumentWindow::onUpdCommand),
     FXMAPFUNC(SEL_CHORE, DocumentWindow::ID_DELETE_WINDOW, DocumentWindow::onDeleteWindow),
 };
-static_assert(ARRAYNUMBER(documentWindowMap) == 22);
+static_assert(ARRAYNUMBER(documentWindowMap) == 23);
 
 FXIMPLEMENT_ABSTRACT(DocumentWindow, InvoiceForm, documentWindowMap, ARRAYNUMBER(documentWindowMap))
 
@@ -87,7 +90,7 @@ constexpr Command kStoreCommands[] = {
     {DocumentWindow::ID_NEXT_PROBLEM, Icon::NEXT_PROBLEM,
      N_("&Következő probléma\tF8\tUgrás a következő problémára, és ami kijavítja, annak megnyitása")},
     {DocumentWindow::ID_EXPORT, Icon::EXPORT,
-     N_("&XML exportálása...\tCtrl+E\tAz elmentett bizonylat kiírása XML fájlba")},
+     N_("&XML exportálása...\tCtrl+E\tAz elmentett bizonylat kiírása XML-fájlba")},
 };
 
 constexpr Command kLifeCommands[] = {
@@ -351,11 +354,11 @@ void DocumentWindow::showSum() {
 void DocumentWindow::tell(const FXString& text) { statusBar->getStatusLine()->setNormalText(text); }
 
 void DocumentWindow::tellError(const FXString& text) {
-  FXMessageBox::error(this, MBOX_OK, dgettext("quillane", "Hiba"), "%s", text.text());
+  FXMessageBox::error(this, MBOX_OK, dgettext("quillane", "Hiba"), "%s", wrapText(text).text());
 }
 
 bool DocumentWindow::ask(const char* subject, const FXString& question) {
-  return FXMessageBox::question(this, MBOX_YES_NO, subject, "%s", question.text()) == MBOX_CLICKED_YES;
+  return FXMessageBox::question(this, MBOX_YES_NO, subject, "%s", wrapText(question).text()) == MBOX_CLICKED_YES;
 }
 
 void DocumentWindow::checkAll() {
@@ -482,18 +485,9 @@ long DocumentWindow::onSave(FXObject*, FXSelector, void*) {
 long DocumentWindow::onExport(FXObject*, FXSelector, void*) {
   if (!settleChanges()) return 1;
   const Host::Document& document = session.getDocument();
-  const FXString& number = document.getNumber();
-  FXFileDialog dialog(this, dgettext("quillane", "XML exportálása"));
-  dialog.setSelectMode(SELECTFILE_ANY);
-  dialog.setPatternList(dgettext("quillane", "XML fájlok (*.xml)\nMinden fájl (*)"));
-  dialog.setFilename(FXPath::absolute(FXStringFormat(
-      "%d-%s.xml", document.getStatus(), number.empty() ? FXStringVal(document.getId()).text() : number.text())));
-  if (!dialog.execute(PLACEMENT_OWNER)) return 1;
-  const FXString file = dialog.getFilename();
-  if (FXStat::exists(file) &&
-      !ask(dgettext("quillane", "XML exportálása"),
-           FXStringFormat(dgettext("quillane", "Már van ilyen fájl: %s. Felülírja?"), file.text())))
-    return 1;
+  const FXString name = XmlFile::makeName(document.getStatusName(), document.getNumber(), document.getId());
+  FXString file;
+  if (!XmlFile::ask(this, name, file)) return 1;
   FXString error;
   if (session.exportXml(file, error)) {
     tell(FXStringFormat(dgettext("quillane", "Az XML elkészült: %s"), file.text()));
@@ -607,6 +601,16 @@ long DocumentWindow::onAddItem(FXObject*, FXSelector, void*) {
                       "kijavítja.")
            : "");
   return 1;
+}
+
+/// Text fields take Insert for themselves, the partner's too: there it would do nothing. It is the key for a new item
+/// wherever the cursor is.
+long DocumentWindow::onKeyPress(FXObject* sender, FXSelector selector, void* event) {
+  const auto* key = static_cast<FXEvent*>(event);
+  const bool isInsert = key->code == KEY_Insert || key->code == KEY_KP_Insert;
+  const bool isPlain = !(key->state & (SHIFTMASK | CONTROLMASK | ALTMASK));
+  if (isInsert && isPlain && !getApp()->getPopupWindow()) return onAddItem(sender, selector, event);
+  return InvoiceForm::onKeyPress(sender, selector, event);
 }
 
 long DocumentWindow::onChangeItem(FXObject*, FXSelector, void*) {

@@ -83,6 +83,7 @@ class DocumentWindow : public InvoiceForm {
   /// The visible buttons of the modules' entries, in the order of the entries.
   const std::vector<FX::FXButton*>& getPluginButtons() const { return pluginButtons; }
 
+  long onKeyPress(FX::FXObject* sender, FX::FXSelector selector, void* event);
   long onSave(FX::FXObject* sender, FX::FXSelector selector, void* data);
   long onCheck(FX::FXObject* sender, FX::FXSelector selector, void* data);
   long onNextProblem(FX::FXObject* sender, FX::FXSelector selector, void* data);

@@ -15,9 +15,11 @@
 #include "host/desktop/ArticleListWindow.h"
 #include "host/desktop/DocumentBatch.h"
 #include "host/desktop/DocumentWindow.h"
+#include "host/desktop/FilePicker.h"
 #include "host/desktop/PartnerListWindow.h"
 #include "host/desktop/ReportDialog.h"
 #include "host/desktop/WrappedText.h"
+#include "host/desktop/XmlFile.h"
 #include "host/document/DocumentRules.h"
 
 #define N_(text) text
@@ -69,11 +71,8 @@ constexpr FXuint kResultTime = 8000;  // milliseconds
 constexpr std::size_t kManyWindows = 10;
 
 constexpr char kWindowSection[] = "MainWindow";
-constexpr char kExportSection[] = "Export";
-constexpr char kFolderKey[] = "Folder";
 
 constexpr char kCompanyPatterns[] = N_("Cégfájlok (*.db)\nMinden fájl (*)");
-constexpr char kXmlPatterns[] = N_("XML-fájlok (*.xml)\nMinden fájl (*)");
 
 constexpr BatchRun::Activity kOpening = {N_("Megnyitás"), N_("Bizonylatok megnyitása"),
                                          N_("Megnyitott bizonylatok: %d."),
@@ -106,19 +105,6 @@ FXString markMnemonic(const FXString& name, std::string& used) {
     return name.left(i) + "&" + name.mid(i, name.length() - i);
   }
   return name;
-}
-
-/// Puts the cursor into the field of a file dialog in which the name is typed; the toolkit leaves it nowhere.
-void focusNameField(FXWindow& parent) {
-  for (FXWindow* child = parent.getFirst(); child; child = child->getNext()) {
-    FXTextField* field = dynamic_cast<FXTextField*>(child);
-    if (field && dynamic_cast<FXFileSelector*>(field->getTarget())) {
-      field->setFocus();
-      field->selectAll();
-    } else {
-      focusNameField(*child);
-    }
-  }
 }
 
 bool isDraft(const Host::DocumentRow& row) { return Host::DocumentRules::findFamilyOfDraft(row.status) != nullptr; }
@@ -349,22 +335,6 @@ bool MainWindow::ask(const char* heading, const FXString& question) {
   return FXMessageBox::question(this, MBOX_YES_NO, heading, "%s", wrapText(question).text()) == MBOX_CLICKED_YES;
 }
 
-bool MainWindow::askFile(FXString& file, const char* heading, FXuint mode, const char* patterns) {
-  // Before the window is shown, no dialog can stand over it.
-  const std::unique_ptr<FXFileDialog> dialog =
-      shown() ? std::make_unique<FXFileDialog>(this, heading) : std::make_unique<FXFileDialog>(getApp(), heading);
-  dialog->setSelectMode(mode);
-  dialog->setPatternList(dgettext("quillane", patterns));
-  dialog->setFilename(file);
-  if (getApp()->isInitialized()) {
-    dialog->create();
-    focusNameField(*dialog);
-  }
-  if (!dialog->execute(shown() ? PLACEMENT_OWNER : PLACEMENT_SCREEN)) return false;
-  file = dialog->getFilename();
-  return true;
-}
-
 bool MainWindow::askFolder(FXString& folder) {
   FXDirDialog dialog(this, dgettext("quillane", "Melyik mappába kerüljenek az XML-fájlok?"));
   dialog.setDirectory(folder);
@@ -425,7 +395,8 @@ void MainWindow::showCompany() {
 bool MainWindow::askCompanyToOpen() {
   const FXString& open = companyFile->getFile();
   FXString file = (open.empty() ? CompanyFile::getDocumentFolder() : FXPath::directory(open)) + PATHSEPSTRING;
-  if (!askFile(file, dgettext("quillane", "Cégfájl megnyitása"), SELECTFILE_EXISTING, kCompanyPatterns)) return false;
+  const FilePicker picker(this, dgettext("quillane", "Cégfájl megnyitása"), translate(kCompanyPatterns));
+  if (!picker.ask(file, SELECTFILE_EXISTING)) return false;
   return openCompany(file);
 }
 
@@ -433,9 +404,8 @@ bool MainWindow::askCompanyToMake(CompanyFile::Content content) {
   const FXString name =
       content == CompanyFile::SAMPLE ? dgettext("quillane", "mintaceg.db") : dgettext("quillane", "cegem.db");
   FXString file = CompanyFile::getDocumentFolder() + PATHSEPSTRING + name;
-  if (!askFile(file, dgettext("quillane", "Hová kerüljön az új cégfájl?"), SELECTFILE_ANY, kCompanyPatterns)) {
-    return false;
-  }
+  const FilePicker picker(this, dgettext("quillane", "Hová kerüljön az új cégfájl?"), translate(kCompanyPatterns));
+  if (!picker.ask(file, SELECTFILE_ANY)) return false;
   if (FXPath::extension(file).empty()) file += ".db";
   return makeCompany(file, content);
 }
@@ -585,22 +555,16 @@ long MainWindow::onExport(FXObject*, FXSelector, void*) {
 }
 
 void MainWindow::exportOne(const Host::DocumentRow& row) {
-  FXString file = getExportFolder() + PATHSEPSTRING + DocumentBatch::makeFileName(row);
-  if (!askFile(file, translate(kExporting.title), SELECTFILE_ANY, kXmlPatterns)) return;
-  if (FXStat::exists(file) &&
-      !ask(translate(kExporting.title),
-           FXStringFormat(dgettext("quillane", "Már van ilyen fájl: %s. Felülírja?"), file.text()))) {
-    return;
-  }
-  rememberExportFolder(FXPath::directory(file));
+  FXString file;
+  if (!XmlFile::ask(this, DocumentBatch::makeFileName(row), file)) return;
   runBatch(kExporting, {row},
            [&file](DocumentBatch& batch, const Host::DocumentRow& document) { batch.exportTo(file, document); });
 }
 
 void MainWindow::exportMany(std::vector<Host::DocumentRow> rows) {
-  FXString folder = getExportFolder();
+  FXString folder = XmlFile::getFolder(*getApp());
   if (!askFolder(folder) || !planFiles(folder, rows)) return;
-  rememberExportFolder(folder);
+  XmlFile::rememberFolder(*getApp(), folder);
   runBatch(kExporting, rows, [&folder](DocumentBatch& batch, const Host::DocumentRow& document) {
     batch.exportTo(folder + PATHSEPSTRING + DocumentBatch::makeFileName(document), document);
   });
@@ -622,15 +586,6 @@ bool MainWindow::planFiles(const FXString& folder, std::vector<Host::DocumentRow
                              existing);
   if (answer == MBOX_CLICKED_NO) rows.erase(std::remove_if(rows.begin(), rows.end(), exists), rows.end());
   return answer != MBOX_CLICKED_CANCEL && !rows.empty();
-}
-
-void MainWindow::rememberExportFolder(const FXString& folder) {
-  getApp()->reg().writeStringEntry(kExportSection, kFolderKey, folder.text());
-}
-
-FXString MainWindow::getExportFolder() const {
-  const FXString remembered = getApp()->reg().readStringEntry(kExportSection, kFolderKey, "");
-  return FXStat::isDirectory(remembered) ? remembered : CompanyFile::getDocumentFolder();
 }
 
 long MainWindow::onCloseDocuments(FXObject*, FXSelector, void*) {

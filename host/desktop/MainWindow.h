@@ -125,7 +125,6 @@ class MainWindow : public FX::FXMainWindow, public Workplace {
   void showCompany();
   void tellError(const char* heading, const FX::FXString& sentence);
   void tellResult(const FX::FXString& sentence);
-  bool askFile(FX::FXString& file, const char* heading, FX::FXuint mode, const char* patterns);
   bool askFolder(FX::FXString& folder);
   bool ask(const char* heading, const FX::FXString& question);
 
@@ -142,8 +141,6 @@ class MainWindow : public FX::FXMainWindow, public Workplace {
   void runBatch(const BatchRun::Activity& activity, const std::vector<Host::DocumentRow>& rows,
                 const BatchRun::Work& work);
   bool planFiles(const FX::FXString& folder, std::vector<Host::DocumentRow>& rows);
-  void rememberExportFolder(const FX::FXString& folder);
-  FX::FXString getExportFolder() const;
 
   Tarnwell* account = nullptr;                         // not owned
   Host::Company* company = nullptr;                    // not owned

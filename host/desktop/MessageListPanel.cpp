@@ -21,7 +21,9 @@ FXIMPLEMENT(MessageListPanel, FXVerticalFrame, messageListPanelMap, ARRAYNUMBER(
 
 namespace {
 
-constexpr FXint kLocationWidth = 320;
+constexpr FXint kFirstWidth = 320;  // of a column, until there is a layout
+constexpr FXint kLeastLocationWidth = 200;
+constexpr FXint kIconRoom = 32;  // with what stands around it
 constexpr FXint kScrollBarWidth = 20;
 
 /// text on one line, in one column.
@@ -55,8 +57,8 @@ MessageListPanel::MessageListPanel(FXComposite* container, const Host::IconSet& 
       new FXVerticalFrame(this, FRAME_SUNKEN | FRAME_THICK | LAYOUT_FILL_X | LAYOUT_FILL_Y, 0, 0, 0, 0, 0, 0, 0, 0);
   list = new FXIconList(frame, this, ID_MESSAGES,
                         ICONLIST_DETAILED | ICONLIST_BROWSESELECT | LAYOUT_FILL_X | LAYOUT_FILL_Y);
-  list->appendHeader(dgettext("quillane", "Probléma"), nullptr, kLocationWidth);
-  list->appendHeader(dgettext("quillane", "Helye"), nullptr, kLocationWidth);
+  list->appendHeader(dgettext("quillane", "Probléma"), nullptr, kFirstWidth);
+  list->appendHeader(dgettext("quillane", "Helye"), nullptr, kFirstWidth);
 }
 
 void MessageListPanel::showMessages(const ListOfMessage& messages) {
@@ -66,6 +68,7 @@ void MessageListPanel::showMessages(const ListOfMessage& messages) {
   const int notices = messages.no() - errors;
   summary->setText(summarize(errors, notices));
   summary->setIcon(icons->get(errors ? Host::Icon::ERROR : notices ? Host::Icon::NOTICE : Host::Icon::CHECK));
+  recalc();  // the columns are as wide as the texts need
 }
 
 void MessageListPanel::clearMessages() {
@@ -123,9 +126,19 @@ void MessageListPanel::selectCurrent() {
 
 void MessageListPanel::layout() {
   FXVerticalFrame::layout();
-  const FXint location = std::min(kLocationWidth, list->getWidth() / 3);
-  list->setHeaderSize(0, std::max(0, list->getWidth() - location - kScrollBarWidth));
-  list->setHeaderSize(1, location);
+  const FXint room = std::max(0, list->getWidth() - kScrollBarWidth);
+  const FXint most = std::max(room / 2, room - kLeastLocationWidth);
+  const FXint text = std::clamp(measureTexts(), room / 2, most);
+  list->setHeaderSize(0, text);
+  list->setHeaderSize(1, room - text);
+}
+
+/// The room that the longest problem needs. It comes before the place, which is mostly that of the window's title.
+FXint MessageListPanel::measureTexts() const {
+  FXint widest = 0;
+  for (FXint i = 0; i < list->getNumItems(); ++i)
+    widest = std::max(widest, list->getFont()->getTextWidth(list->getItemText(i).section('\t', 0)));
+  return widest + kIconRoom;
 }
 
 long MessageListPanel::onChanged(FXObject*, FXSelector, void* event) {

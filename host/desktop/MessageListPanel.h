@@ -57,6 +57,7 @@ class MessageListPanel : public FX::FXVerticalFrame {
   void fillList(const ListOfMessage& messages);
   void findAgain(const FX::FXString& text);
   void selectCurrent();
+  FX::FXint measureTexts() const;
 
   const Host::IconSet* icons = nullptr;   // not owned
   FX::FXHorizontalFrame* head = nullptr;  // owned by the window tree

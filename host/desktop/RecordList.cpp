@@ -61,6 +61,7 @@ class RecordItem : public FXIconItem {
       : FXIconItem(rowTexts.empty() ? FXString() : rowTexts.front()), id(recordId), texts(std::move(rowTexts)) {}
 
   int getId() const { return id; }
+  FXint getNumCells() const { return static_cast<FXint>(texts.size()); }
   const FXString& getCell(FXint column) const { return texts[static_cast<std::size_t>(column)]; }
 
   FXint getHeight(const FXIconList* list) const override { return list->getFont()->getFontHeight() + 2 * kRowMargin; }
@@ -75,7 +76,7 @@ class RecordItem : public FXIconItem {
     }
     if (hasFocus()) dc.drawFocusRectangle(x + 1, y + 1, width - 2, h - 2);
     dc.setForeground(isSelected() ? list->getSelTextColor() : list->getTextColor());
-    const FXint columns = std::min(list->getHeader()->getNumItems(), static_cast<FXint>(texts.size()));
+    const FXint columns = std::min(list->getHeader()->getNumItems(), getNumCells());
     for (FXint column = 0; column < columns; ++column) drawCell(*list, dc, x, y, column, h);
   }
 
@@ -97,6 +98,33 @@ class RecordItem : public FXIconItem {
 
 RecordItem* itemAt(const FXIconList& list, FXint index) { return static_cast<RecordItem*>(list.getItem(index)); }
 
+/// The toolkit's list, whose tip would be the text of the first column: what is of use is what cannot be read.
+class RowList : public FXIconList {
+ public:
+  using FXIconList::FXIconList;
+
+  long handle(FXObject* sender, FXSelector selector, void* ptr) override {
+    return selector == FXSEL(SEL_QUERY_TIP, 0) ? tellTip(sender) : FXIconList::handle(sender, selector, ptr);
+  }
+
+ private:
+  long tellTip(FXObject* tip) {
+    FXint x = 0;
+    FXint y = 0;
+    FXuint buttons = 0;
+    getCursorPosition(x, y, buttons);
+    const FXint row = getItemAt(x, y);
+    const FXint column = getHeader()->getItemAt(x);
+    if (row < 0 || column < 0 || column >= getHeader()->getNumItems()) return 0;
+    const RecordItem* item = itemAt(*this, row);
+    if (column >= item->getNumCells()) return 0;
+    FXString text = item->getCell(column);
+    if (getFont()->getTextWidth(text) <= getHeader()->getItemSize(column) - 2 * kCellMargin) return 0;
+    tip->handle(this, FXSEL(SEL_COMMAND, ID_SETSTRINGVALUE), &text);
+    return 1;
+  }
+};
+
 /// A column of numbers has numbers as keys; what says none comes first.
 bool isNumberBefore(const FXString& a, const FXString& b) {
   if (a.empty() || b.empty()) return a.empty() && !b.empty();
@@ -107,8 +135,8 @@ bool isNumberBefore(const FXString& a, const FXString& b) {
 
 RecordList::RecordList(FXComposite* container, FXObject* listTarget, FXSelector selector, FXuint opts)
     : FXVerticalFrame(container, FRAME_SUNKEN | FRAME_THICK | opts, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0),
-      list(new FXIconList(this, this, ID_LIST,
-                          ICONLIST_DETAILED | ICONLIST_BROWSESELECT | LAYOUT_FILL_X | LAYOUT_FILL_Y)) {
+      list(
+          new RowList(this, this, ID_LIST, ICONLIST_DETAILED | ICONLIST_BROWSESELECT | LAYOUT_FILL_X | LAYOUT_FILL_Y)) {
   setTarget(listTarget);
   setSelector(selector);
   list->getHeader()->setTarget(this);

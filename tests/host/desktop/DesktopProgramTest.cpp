@@ -5,6 +5,8 @@
 
 #include <string>
 
+#include "tests/support/TestCompany.h"
+
 using testing::HasSubstr;
 using testing::IsEmpty;
 
@@ -73,6 +75,13 @@ TEST(DesktopProgram, refusesAnOptionWithoutItsFile) {
   EXPECT_FALSE(result.goesOn);
   EXPECT_EQ(result.exitStatus, 2);
   EXPECT_THAT(result.errors, HasSubstr("--db kapcsoló után"));
+}
+
+TEST(DesktopProgram, showsTheTipsOfItsWindows) {
+  FX::FXWindow* root = testAccount().getRootWindow();
+  DesktopProgram::setLook(testAccount());
+  EXPECT_NE(dynamic_cast<FX::FXToolTip*>(root->getLast()), nullptr);
+  delete root->getLast();
 }
 
 }  // namespace

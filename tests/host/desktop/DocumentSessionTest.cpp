@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 
 #include "host/document/DocumentRules.h"
 #include "host/document/IssueDate.h"
@@ -165,6 +166,24 @@ TEST_F(DocumentSessionTest, saysWhyAFileCannotBeWritten) {
   EXPECT_FALSE(session->exportXml("/nowhere/at/all.xml", error));
   EXPECT_THAT(error.text(), HasSubstr("/nowhere/at/all.xml"));
   EXPECT_THAT(error.text(), HasSubstr(session->getDocument().getDisplayText().text()));
+}
+
+TEST_F(DocumentSessionTest, leavesTheEarlierFileAloneWhenTheNewOneCannotBeWritten) {
+  const std::filesystem::path folder = std::filesystem::temp_directory_path() / "quillane-session-export";
+  std::filesystem::remove_all(folder);
+  std::filesystem::create_directories(folder / "one.xml.part");  // where it would be written first
+  std::ofstream(folder / "one.xml") << "earlier";
+  const auto session = load(kClosedInvoice);
+  EXPECT_FALSE(session->exportXml((folder / "one.xml").c_str(), error));
+  std::string text;
+  std::getline(std::ifstream(folder / "one.xml"), text);
+  EXPECT_EQ(text, "earlier");
+
+  std::filesystem::remove(folder / "one.xml.part");
+  EXPECT_TRUE(session->exportXml((folder / "one.xml").c_str(), error)) << error.text();
+  EXPECT_GT(std::filesystem::file_size(folder / "one.xml"), 100u);
+  EXPECT_FALSE(std::filesystem::exists(folder / "one.xml.part"));
+  std::filesystem::remove_all(folder);
 }
 
 TEST_F(DocumentSessionTest, keepsAnEmptyDocumentWhenItLetsGo) {

@@ -10,6 +10,7 @@
 #include "host/desktop/DocumentWindow.h"
 #include "host/desktop/MessageListPanel.h"
 #include "host/desktop/PartnerPicker.h"
+#include "host/desktop/XmlFile.h"
 #include "host/document/DocumentRules.h"
 #include "tests/host/desktop/DocumentWindowFixture.h"
 #include "tests/support/FakeInput.h"
@@ -31,6 +32,8 @@ namespace Quillane::Desktop {
 namespace {
 
 using Host::DocumentRules;
+
+constexpr int kClosedInvoice = 10;
 
 /// A picture of the display for people to look at, where TEST_SCREENSHOTS names a folder.
 void takePicture(const std::string& name) {
@@ -176,6 +179,44 @@ TEST_F(DocumentWindowOnDisplay, opensTheItemDataByTheirButtonAndAProblemByADoubl
     click(list, 1, 40, y);
     runEvents(300);
   });
+}
+
+TEST_F(DocumentWindowOnDisplay, addsAnItemByInsertAlsoFromTheFieldsAboveTheTable) {
+  DocumentWindow& window = workplace->makeDocument(DocumentRules::OUTGOING_DRAFT);
+  int rows = 0;
+  for (FXTextField* field : {window.getHeadPanel()->getPartnerField(), window.getHeadPanel()->getIssueDateField()}) {
+    takeIntoHand(window);
+    field->setFocus();
+    ASSERT_TRUE(waitUntil([&] { return field->hasFocus(); }));
+    ++rows;
+    answering({typeItem("hordoz", "1")}, [&] {
+      typeKey("Insert");
+      EXPECT_TRUE(waitUntil([&] { return window.getItemTable()->getNumRows() == rows; }));
+    });
+  }
+}
+
+TEST_F(DocumentWindowOnDisplay, typesOverTheNameOfTheFileAtOnce) {
+  workplace->openDocument(kClosedInvoice);
+  DocumentWindow& window = workplace->getLatest();
+  takeIntoHand(window);
+  const std::filesystem::path folder = std::filesystem::temp_directory_path();
+  const std::filesystem::path file = folder / "typedname";
+  std::filesystem::remove(file);
+  XmlFile::rememberFolder(testAccount(), folder.c_str());
+  const Answer typeName = [&](FXDialogBox& box) {
+    EXPECT_TRUE(waitUntil([&] { return isOnScreen(box); }));
+    box.setFocus();  // without a window manager nobody gives the dialog the keyboard
+    runEvents(200);
+    typeText(file.filename());
+    typeKey("Return");
+    if (!waitUntil([&] { return !box.shown(); })) TestSupport::cancel(box);
+  };
+  answering({typeName}, [&] {
+    typeKey("e", "Control_L");
+    EXPECT_TRUE(waitUntil([&] { return std::filesystem::exists(file); }));
+  });
+  std::filesystem::remove(file);
 }
 
 TEST_F(DocumentWindowOnDisplay, opensTheItemDataByTheirKey) {

@@ -435,7 +435,7 @@ TEST_F(DocumentWindowTest, cancelsAClosedDocumentOnce) {
   EXPECT_EQ(workplace.getLatest().getSession().getDocument().getCancelledDocumentId(), kClosedInvoice);
   EXPECT_THAT(attachedTexts(workplace.getLatest()), testing::Contains(HasSubstr("NB14-4C77")));
   const auto said = answering({sayYes(), sayOk()}, [&] { run(window, DocumentWindow::ID_CANCEL_DOCUMENT); });
-  EXPECT_THAT(said.back(), HasSubstr("Már sztornózták"));
+  EXPECT_THAT(said.back(), HasSubstr("sztornózták, ezzel: Kimenő számla (sztornó)"));
 }
 
 TEST_F(DocumentWindowTest, offersWhatMayBeMadeFromTheDocument) {
@@ -471,7 +471,38 @@ TEST_F(DocumentWindowTest, saysWhyADocumentCannotBeDeleted) {
   EXPECT_EQ(workplace.countWindows(), 1u);
 }
 
+// ---- cells that are too narrow ----
+
+TEST_F(DocumentWindowTest, knowsWhatIsCutOffOfACell) {
+  DocumentItemTable& table = *open(kGreenDraft).getItemTable();
+  const FXString text = table.getItemText(0, DocumentItemTable::ATTACHED_DATA);
+  ASSERT_FALSE(text.empty());
+  table.setColumnWidth(DocumentItemTable::ATTACHED_DATA, 20);
+  EXPECT_EQ(table.getCutOffText(0, DocumentItemTable::ATTACHED_DATA), text);
+  table.setColumnWidth(DocumentItemTable::ATTACHED_DATA, 5000);
+  EXPECT_EQ(table.getCutOffText(0, DocumentItemTable::ATTACHED_DATA), "");
+}
+
+TEST_F(DocumentWindowTest, asksNoCellThatIsNotThere) {
+  DocumentItemTable& table = *open(kGreenDraft).getItemTable();
+  EXPECT_EQ(table.getCutOffText(-1, 0), "");
+  EXPECT_EQ(table.getCutOffText(table.getNumRows(), 0), "");
+  EXPECT_EQ(table.getCutOffText(0, -1), "");
+  EXPECT_EQ(table.getCutOffText(0, DocumentItemTable::COLUMN_COUNT), "");
+}
+
 // ---- export ----
+
+TEST_F(DocumentWindowTest, proposesTheSameFileAsTheListOfDocuments) {
+  DocumentWindow& window = open(kClosedInvoice);
+  std::string proposed;
+  const Answer look = [&](FXDialogBox& box) {
+    proposed = dynamic_cast<FXFileDialog&>(box).getFilename().text();
+    TestSupport::cancel(box);
+  };
+  answering({look}, [&] { run(window, DocumentWindow::ID_EXPORT); });
+  EXPECT_THAT(proposed, testing::EndsWith("/Kimenő számla (lezárt) 1.xml"));
+}
 
 TEST_F(DocumentWindowTest, writesTheStoredDocumentAsXml) {
   const std::filesystem::path file = std::filesystem::temp_directory_path() / "quillane-exported.xml";

@@ -74,6 +74,7 @@ INSTANTIATE_TEST_SUITE_P(, MainWindowSearchTest,
                                          SearchCase{"őrségi", {2, 7, 11, 12}},    // in small ones
                                          SearchCase{"  nyomtató  ", {6}},         // an article, blanks aside
                                          SearchCase{"po6-118203", {7}},           // a recorded value
+                                         SearchCase{" #7", {7}},                  // what is shown for a number
                                          SearchCase{"kecskeSAJT", {2, 6, 13}}));  // an article
 
 TEST_F(MainWindowTest, showsAllDocumentsAgainWhenTheSearchIsCleared) {

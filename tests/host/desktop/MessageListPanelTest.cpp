@@ -49,6 +49,20 @@ TEST_F(MessageListPanelTest, showsTextAndPlaceWithoutTheKey) {
   EXPECT_EQ(panel.getList()->getItemMiniIcon(1), icons.get(Host::Icon::NOTICE));
 }
 
+TEST_F(MessageListPanelTest, givesTheProblemTheRoomThatItNeeds) {
+  const auto widthFor = [this](int length) {
+    show({std::string(static_cast<std::size_t>(length), 'x').c_str()});  // one byte is one wide without a display
+    panel.getList()->resize(1000, 200);
+    panel.layout();
+    return panel.getList()->getHeaderSize(0);
+  };
+  const int half = widthFor(5);
+  EXPECT_GE(widthFor(600), 600);
+  EXPECT_LT(half, 600);
+  EXPECT_LE(widthFor(5000), 1000 - 200) << "the place is named as well";
+  EXPECT_EQ(widthFor(5), half);
+}
+
 TEST_F(MessageListPanelTest, countsErrorsAndNotices) {
   show({"!a", "b", "!c"});
   EXPECT_EQ(panel.getSummary(), "2 hiba, 1 figyelmeztetés");
