@@ -9,6 +9,7 @@
 #include "fxext/FXDateInput.h"
 #include "fxext/FXDatePicker.h"
 #include "fxext/FXDatePickerLabel.h"
+#include "fxext/FXDualList.h"
 #include "itemdata/ItemDataComboEntry.h"
 #include "itemdata/ItemDataDateEntry.h"
 #include "itemdata/ItemDataStringEntry.h"
@@ -58,6 +59,7 @@ const Expected kExpected[] = {
     {&FXExt::FXDatePickerLabel::metaClass, "FXDatePickerLabel", &FXLabel::metaClass, 3},
     {&FXExt::FXDatePicker::metaClass, "FXDatePicker", &FXVerticalFrame::metaClass, 9},
     {&FXExt::FXDateInput::metaClass, "FXDateInput", &FXPacker::metaClass, 10},
+    {&FXExt::FXDualList::metaClass, "FXDualList", &FXHorizontalFrame::metaClass, 6},
 };
 
 class MetaClass : public testing::TestWithParam<Expected> {};
