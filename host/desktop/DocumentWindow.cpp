@@ -56,9 +56,10 @@ documentWindowMap[] = {
     FXMAPFUNCS(SEL_UPDATE, DocumentWindow::ID_SAVE, DocumentWindow::ID_MOVE_DOWN, DocumentWindow::onUpdCommand),
     FXMAPFUNCS(SEL_UPDATE, DocumentWindow::ID_PLUGIN_ENTRY, DocumentWindow::ID_LAST_PLUGIN_ENTRY,
                DocumentWindow::onUpdCommand),
+    FXMAPFUNC(SEL_CHORE, DocumentWindow::ID_TELL_OPENING_ERROR, DocumentWindow::onTellOpeningError),
     FXMAPFUNC(SEL_CHORE, DocumentWindow::ID_DELETE_WINDOW, DocumentWindow::onDeleteWindow),
 };
-static_assert(ARRAYNUMBER(documentWindowMap) == 23);
+static_assert(ARRAYNUMBER(documentWindowMap) == 24);
 
 FXIMPLEMENT_ABSTRACT(DocumentWindow, InvoiceForm, documentWindowMap, ARRAYNUMBER(documentWindowMap))
 
@@ -181,13 +182,16 @@ DocumentWindow::DocumentWindow(Workplace& programWorkplace, std::unique_ptr<Host
   tell(FXString::null);
   createContent();
   createContextMenu();
-  FXString error;
-  if (!Host::StatusCatalogue::read(workplace.getCompany().getDatabase(), statuses, error)) tell(error);
+  if (!Host::StatusCatalogue::read(workplace.getCompany().getDatabase(), statuses, openingError))
+    getApp()->addChore(this, ID_TELL_OPENING_ERROR);
   showDocument(0);
   checkAll();
 }
 
-DocumentWindow::~DocumentWindow() { getApp()->removeChore(this, ID_DELETE_WINDOW); }
+DocumentWindow::~DocumentWindow() {
+  getApp()->removeChore(this, ID_TELL_OPENING_ERROR);
+  getApp()->removeChore(this, ID_DELETE_WINDOW);
+}
 
 void DocumentWindow::create() {
   InvoiceForm::create();
@@ -746,6 +750,11 @@ void DocumentWindow::letGo() {
   items->showItems(session, 0);
   workplace.windowClosed(*this);
   getApp()->addChore(this, ID_DELETE_WINDOW);
+}
+
+long DocumentWindow::onTellOpeningError(FXObject*, FXSelector, void*) {
+  if (!closing) tellError(openingError);
+  return 1;
 }
 
 long DocumentWindow::onDeleteWindow(FXObject*, FXSelector, void*) {

@@ -43,6 +43,7 @@ class DocumentWindow : public InvoiceForm {
     ID_HEAD,
     ID_ITEMS,
     ID_MESSAGES,
+    ID_TELL_OPENING_ERROR,
     ID_DELETE_WINDOW,
     ID_PLUGIN_ENTRY,  // of the first module; those of the others follow
     ID_LAST_PLUGIN_ENTRY = ID_PLUGIN_ENTRY + 99,
@@ -103,6 +104,7 @@ class DocumentWindow : public InvoiceForm {
   long onItemKey(FX::FXObject* sender, FX::FXSelector selector, void* data);
   long onMessagePicked(FX::FXObject* sender, FX::FXSelector selector, void* data);
   long onUpdCommand(FX::FXObject* sender, FX::FXSelector selector, void* data);
+  long onTellOpeningError(FX::FXObject* sender, FX::FXSelector selector, void* data);
   long onDeleteWindow(FX::FXObject* sender, FX::FXSelector selector, void* data);
 
   DocumentWindow(const DocumentWindow&) = delete;
@@ -159,6 +161,7 @@ class DocumentWindow : public InvoiceForm {
   DocumentItemTable* items = nullptr;
   MessageListPanel* problems = nullptr;
   FX::FXLabel* sum = nullptr;
+  FX::FXString openingError;  // what went wrong before there was a window to say it over
   bool closing = false;
 };
 

@@ -15,6 +15,7 @@
 #include "host/desktop/PartnerPicker.h"
 #include "host/desktop/UnsavedChangesDialog.h"
 #include "host/document/DocumentRules.h"
+#include "plugin/contract/Statement.h"
 #include "tests/host/desktop/DocumentWindowFixture.h"
 #include "tests/support/ModalDriver.h"
 #include "tests/support/TestCompany.h"
@@ -151,6 +152,22 @@ TEST_F(DocumentWindowTest, showsTheDocument) {
   EXPECT_EQ(cell(window, 1, DocumentItemTable::VALUE), "41\u00A0225");
   EXPECT_EQ(window.getSumText(), "Összesen: 119\u00A0225");
   EXPECT_THAT(cell(window, 0, DocumentItemTable::ATTACHED_DATA), HasSubstr("Hűtő, 1. ajtó"));
+}
+
+TEST_F(DocumentWindowTest, saysInAMessageBoxWhatCouldNotBeReadWhileItOpened) {
+  FXString error;
+  std::unique_ptr<Host::Document> document = workplace.getCompany().getDocuments().load(kGreenDraft, error);
+  ASSERT_TRUE(document) << error.text();
+  Statement hide(&workplace.getCompany().getDatabase(), "alter table t_invoicestatus rename to hidden");
+  ASSERT_TRUE(hide.execute(nullptr, 0));
+
+  const std::vector<std::string> said = answering({sayOk()}, [&] {
+    DocumentWindow window(workplace, std::move(document));
+    TestSupport::runEvents(50);
+  });
+
+  ASSERT_EQ(said.size(), 1u);
+  EXPECT_THAT(said[0], HasSubstr("t_invoicestatus"));
 }
 
 TEST_F(DocumentWindowTest, hidesTheSuppliersNumberOfOutgoingDocuments) {
