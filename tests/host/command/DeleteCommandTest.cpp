@@ -6,15 +6,6 @@ namespace {
 class DeleteCommand : public ProgramFixture {
  protected:
   DeleteCommand() { makeSample(); }
-
-  void expectRefused(const Arguments& call, const std::string& sentence) const {
-    const std::string before = dump();
-    const ProgramRun result = run(call);
-    EXPECT_EQ(result.status, 1) << sentence;
-    EXPECT_EQ(result.output, "") << sentence;
-    EXPECT_NE(result.errors.find(sentence), std::string::npos) << result.errors;
-    EXPECT_EQ(dump(), before) << sentence;
-  }
 };
 
 TEST_F(DeleteCommand, deletesADocumentWithItsItemsAndTheirValues) {
@@ -45,14 +36,7 @@ TEST_F(DeleteCommand, refusesADocumentThatDoesNotExist) {
 }
 
 TEST_F(DeleteCommand, refusesWrongCalls) {
-  const std::string before = dump();
-  for (const Arguments& call : {Arguments{"delete"}, {"delete", "six"}, {"delete", "0"}, {"delete", "6", "7"}}) {
-    const ProgramRun result = run(call);
-    EXPECT_EQ(result.status, 2);
-    EXPECT_EQ(result.output, "");
-    EXPECT_NE(result.errors, "");
-  }
-  EXPECT_EQ(dump(), before);
+  expectWrongCalls({{"delete"}, {"delete", "six"}, {"delete", "0"}, {"delete", "6", "7"}});
 }
 
 }  // namespace

@@ -7,15 +7,6 @@ class DeriveCommand : public ProgramFixture {
  protected:
   DeriveCommand() { makeSample(); }
 
-  void expectRefused(const Arguments& call, const std::string& sentence) const {
-    const std::string before = dump();
-    const ProgramRun result = run(call);
-    EXPECT_EQ(result.status, 1) << sentence;
-    EXPECT_EQ(result.output, "") << sentence;
-    EXPECT_NE(result.errors.find(sentence), std::string::npos) << result.errors;
-    EXPECT_EQ(dump(), before) << sentence;
-  }
-
   Grid itemsOf(int document) const {
     return query("select quantity, originmode, t_invoiceitem_1 from t_invoiceitem where t_invoice_1=" +
                  std::to_string(document) + " order by position");
@@ -87,19 +78,12 @@ TEST_F(DeriveCommand, refusesUnknownDocumentsAndStatuses) {
 }
 
 TEST_F(DeriveCommand, refusesWrongCalls) {
-  const std::string before = dump();
-  for (const Arguments& call : {Arguments{"derive"},
-                                {"derive", "19"},
-                                {"derive", "x", "101"},
-                                {"derive", "19", "draft"},
-                                {"derive", "19", "0"},
-                                {"derive", "19", "101", "1"}}) {
-    const ProgramRun result = run(call);
-    EXPECT_EQ(result.status, 2);
-    EXPECT_EQ(result.output, "");
-    EXPECT_NE(result.errors, "");
-  }
-  EXPECT_EQ(dump(), before);
+  expectWrongCalls({{"derive"},
+                    {"derive", "19"},
+                    {"derive", "x", "101"},
+                    {"derive", "19", "draft"},
+                    {"derive", "19", "0"},
+                    {"derive", "19", "101", "1"}});
 }
 
 }  // namespace

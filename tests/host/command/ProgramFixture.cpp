@@ -186,3 +186,23 @@ std::string ProgramFixture::dump() const {
   }
   return text;
 }
+
+void ProgramFixture::expectRefused(const Arguments& call, const std::string& sentence) const {
+  const std::string before = dump();
+  const ProgramRun result = run(call);
+  EXPECT_EQ(result.status, 1) << sentence;
+  EXPECT_EQ(result.output, "") << sentence;
+  EXPECT_NE(result.errors.find(sentence), std::string::npos) << result.errors;
+  EXPECT_EQ(dump(), before) << sentence;
+}
+
+void ProgramFixture::expectWrongCalls(const std::vector<Arguments>& calls) const {
+  const std::string before = dump();
+  for (const Arguments& call : calls) {
+    const ProgramRun result = run(call);
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.output, "");
+    EXPECT_NE(result.errors, "");
+  }
+  EXPECT_EQ(dump(), before);
+}

@@ -66,6 +66,13 @@ class ProgramFixture : public testing::Test {
   /// Everything in the company, to be compared: whether anything changed.
   std::string dump() const;
 
+  /// Expects the call to be refused with exit status 1 and this sentence among the errors, with nothing on standard
+  /// output and nothing changed in the company.
+  void expectRefused(const Arguments& call, const std::string& sentence) const;
+
+  /// Expects each call to be wrong: exit status 2 and an error, with nothing on standard output; nothing is changed.
+  void expectWrongCalls(const std::vector<Arguments>& calls) const;
+
   std::string folder;
   std::string company;
 

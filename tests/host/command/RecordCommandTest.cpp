@@ -25,12 +25,7 @@ class RecordCommand : public ProgramFixture {
   /// Expects that table is refused with this sentence, and that nothing changed.
   void expectRefused(const std::string& document, const std::string& place, const std::string& table,
                      const std::string& sentence) const {
-    const std::string before = dump();
-    const ProgramRun result = run({"record", document, place, writeFile("table.csv", table)});
-    EXPECT_EQ(result.status, 1) << sentence;
-    EXPECT_EQ(result.output, "") << sentence;
-    EXPECT_NE(result.errors.find(sentence), std::string::npos) << result.errors;
-    EXPECT_EQ(dump(), before) << sentence;
+    ProgramFixture::expectRefused({"record", document, place, writeFile("table.csv", table)}, sentence);
   }
 };
 

@@ -6,15 +6,6 @@ namespace {
 class StatusCommand : public ProgramFixture {
  protected:
   StatusCommand() { makeSample(); }
-
-  void expectRefused(const Arguments& call, const std::string& sentence) const {
-    const std::string before = dump();
-    const ProgramRun result = run(call);
-    EXPECT_EQ(result.status, 1) << sentence;
-    EXPECT_EQ(result.output, "") << sentence;
-    EXPECT_NE(result.errors.find(sentence), std::string::npos) << result.errors;
-    EXPECT_EQ(dump(), before) << sentence;
-  }
 };
 
 TEST_F(StatusCommand, closesADocumentAndWritesItsNumber) {
@@ -65,19 +56,12 @@ TEST_F(StatusCommand, refusesUnknownDocumentsAndStatuses) {
 }
 
 TEST_F(StatusCommand, refusesWrongCalls) {
-  const std::string before = dump();
-  for (const Arguments& call : {Arguments{"status"},
-                                {"status", "6"},
-                                {"status", "six", "151"},
-                                {"status", "6", "closed"},
-                                {"status", "99", "closed"},
-                                {"status", "6", "151", "1"}}) {
-    const ProgramRun result = run(call);
-    EXPECT_EQ(result.status, 2);
-    EXPECT_EQ(result.output, "");
-    EXPECT_NE(result.errors, "");
-  }
-  EXPECT_EQ(dump(), before);
+  expectWrongCalls({{"status"},
+                    {"status", "6"},
+                    {"status", "six", "151"},
+                    {"status", "6", "closed"},
+                    {"status", "99", "closed"},
+                    {"status", "6", "151", "1"}});
 }
 
 }  // namespace
