@@ -3,7 +3,6 @@
 
 #include <libintl.h>
 
-#include "host/desktop/ArticleSource.h"
 #include "plugin/contract/Invoice.h"
 
 using namespace FX;
@@ -30,9 +29,10 @@ constexpr FXint kKindCount = ARRAYNUMBER(kKinds);
 
 }  // namespace
 
-ArticleListWindow::ArticleListWindow(FXWindow* ownerWindow, TarnwellDatabase& database, const Host::IconSet& icons)
+ArticleListWindow::ArticleListWindow(FXWindow* ownerWindow, TarnwellDatabase& database, const Host::IconSet& icons,
+                                     const PanelProviders& providers)
     : RecordWindow(ownerWindow, dgettext("quillane", "Cikkek"), LIST_WINDOW,
-                   std::make_unique<ArticleSource>(database, icons, kKinds[0]), icons, kWidth, kHeight) {
+                   std::make_unique<ArticleSource>(database, icons, kKinds[0], providers), icons, kWidth, kHeight) {
   setMiniIcon(icons.get(Host::Icon::ARTICLES));
   createTabs();
 }

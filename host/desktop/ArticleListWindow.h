@@ -1,12 +1,11 @@
 #pragma once
 
+#include "host/desktop/ArticleSource.h"
 #include "host/desktop/RecordWindow.h"
 
 class TarnwellDatabase;
 
 namespace Quillane::Desktop {
-
-class ArticleSource;
 
 /// The company's products, services and suites, one kind at a time: to look at, to add and to change. Can be run modal
 /// or left open.
@@ -15,8 +14,9 @@ class ArticleListWindow : public RecordWindow {
  public:
   enum { ID_KIND = RecordWindow::ID_LAST, ID_LAST };
 
-  /// Neither the database nor the icons are owned; both have to outlive the window.
-  ArticleListWindow(FX::FXWindow* ownerWindow, TarnwellDatabase& database, const Host::IconSet& icons);
+  /// Neither the database nor the icons nor the providers are owned; all have to outlive the window.
+  ArticleListWindow(FX::FXWindow* ownerWindow, TarnwellDatabase& database, const Host::IconSet& icons,
+                    const PanelProviders& providers = {});
 
   /// The kind that is shown: 1 products, 2 services, 3 suites.
   int getKind() const;

@@ -3,7 +3,6 @@
 
 #include <libintl.h>
 
-#include "host/desktop/ArticleSource.h"
 #include "plugin/contract/Invoice.h"
 
 using namespace FX;
@@ -30,9 +29,10 @@ const char* titleOf(int kind) {
 
 }  // namespace
 
-ArticlePicker::ArticlePicker(FXWindow* ownerWindow, TarnwellDatabase& database, const Host::IconSet& icons, int kind)
-    : RecordWindow(ownerWindow, titleOf(kind), PICKER, std::make_unique<ArticleSource>(database, icons, kind), icons,
-                   kWidth, kHeight) {
+ArticlePicker::ArticlePicker(FXWindow* ownerWindow, TarnwellDatabase& database, const Host::IconSet& icons, int kind,
+                             const PanelProviders& providers)
+    : RecordWindow(ownerWindow, titleOf(kind), PICKER,
+                   std::make_unique<ArticleSource>(database, icons, kind, providers), icons, kWidth, kHeight) {
   setMiniIcon(icons.get(Host::Icon::ARTICLES));
 }
 

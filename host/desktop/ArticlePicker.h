@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/desktop/ArticleSource.h"
 #include "host/desktop/RecordWindow.h"
 #include "host/document/ArticleStore.h"
 
@@ -11,9 +12,10 @@ namespace Quillane::Desktop {
 class ArticlePicker : public RecordWindow {
   FXDECLARE(ArticlePicker)
  public:
-  /// Neither the database nor the icons are owned; both have to outlive the window. kind is 1 for products, 2 for
-  /// services, 3 for suites.
-  ArticlePicker(FX::FXWindow* ownerWindow, TarnwellDatabase& database, const Host::IconSet& icons, int kind);
+  /// Neither the database nor the icons nor the providers are owned; all have to outlive the window. kind is 1 for
+  /// products, 2 for services, 3 for suites.
+  ArticlePicker(FX::FXWindow* ownerWindow, TarnwellDatabase& database, const Host::IconSet& icons, int kind,
+                const PanelProviders& providers = {});
 
   /// Makes the article the current one when the window is shown.
   void setCurrentId(int id) { selectWhenShown(id); }

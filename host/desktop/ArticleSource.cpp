@@ -5,8 +5,8 @@
 
 #include <algorithm>
 
-#include "host/desktop/ArticleDialog.h"
 #include "host/document/NumberText.h"
+#include "plugin/contract/Forms.h"
 
 using namespace FX;
 
@@ -48,8 +48,8 @@ int ArticleSource::add(FXWindow* owner, const FXString& name) {
   article.name = name;
   article.unit = "db";
   article.price = "0";
-  ArticleDialog dialog(owner, database, icons, article);
-  return dialog.execute() ? dialog.getArticle().id : 0;
+  const auto window = ArticleDataWindow::make(owner, database, article, icons.get(Host::Icon::ARTICLES), providers);
+  return window->execute() ? window->getRecordId() : 0;
 }
 
 bool ArticleSource::change(FXWindow* owner, int id) {
@@ -59,7 +59,7 @@ bool ArticleSource::change(FXWindow* owner, int id) {
     FXMessageBox::error(owner, MBOX_OK, dgettext("quillane", "Cikk"), "%s", error.text());
     return false;
   }
-  return ArticleDialog(owner, database, icons, article).execute() != 0;
+  return ArticleDataWindow::make(owner, database, article, icons.get(Host::Icon::ARTICLES), providers)->execute() != 0;
 }
 
 const Host::Article* ArticleSource::find(int id) const {

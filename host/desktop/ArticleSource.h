@@ -1,20 +1,30 @@
 #pragma once
 
+#include <vector>
+
 #include "host/desktop/RecordSource.h"
 #include "host/document/ArticleStore.h"
 #include "host/windows/IconSet.h"
 
 class TarnwellDatabase;
 
+namespace Quillane::Plugin::PanelProvider {
+class Plugin;
+}
+
 namespace Quillane::Desktop {
+
+/// Modules' offers of panels for the windows of articles; not owned.
+using PanelProviders = std::vector<Plugin::PanelProvider::Plugin*>;
 
 /// The company's articles of one kind for list windows.
 class ArticleSource : public RecordSource {
  public:
-  /// Neither the database nor the icons are owned; both have to outlive the source. kind is 1 for products, 2 for
-  /// services, 3 for suites.
-  ArticleSource(TarnwellDatabase& companyDatabase, const Host::IconSet& iconSet, int articleKind)
-      : database(companyDatabase), icons(iconSet), kind(articleKind) {}
+  /// Neither the database nor the icons are owned; both have to outlive the source, as have the providers. kind is 1
+  /// for products, 2 for services, 3 for suites.
+  ArticleSource(TarnwellDatabase& companyDatabase, const Host::IconSet& iconSet, int articleKind,
+                const PanelProviders& panelProviders)
+      : database(companyDatabase), icons(iconSet), kind(articleKind), providers(panelProviders) {}
 
   /// The kind that is read from now on.
   int getKind() const { return kind; }
@@ -33,6 +43,7 @@ class ArticleSource : public RecordSource {
   TarnwellDatabase& database;
   const Host::IconSet& icons;
   int kind;
+  PanelProviders providers;
   std::vector<Host::Article> articles;
 };
 

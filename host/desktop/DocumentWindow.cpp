@@ -21,6 +21,7 @@
 #include "host/desktop/XmlFile.h"
 #include "host/document/DocumentRules.h"
 #include "host/document/NumberText.h"
+#include "plugin/contract/PanelProvider.h"
 #include "plugin/contract/PluginContainer.h"
 
 using namespace FX;
@@ -163,6 +164,11 @@ class WaitCursor {
  private:
   FXApp* application;
 };
+
+/// Read when they are needed: they go with the company.
+PanelProviders getPanelProviders(Workplace& workplace) {
+  return workplace.getCompany().getPlugins().getHooks<Plugin::PanelProvider::Plugin>();
+}
 
 }  // namespace
 
@@ -591,8 +597,8 @@ long DocumentWindow::onDeleteDocument(FXObject*, FXSelector, void*) {
 
 long DocumentWindow::onAddItem(FXObject*, FXSelector, void*) {
   if (!mayRun(ID_ADD_ITEM)) return 1;
-  ItemDialog dialog(this, workplace.getCompany().getDatabase(), workplace.getIcons(), ItemDialog::NEW_ITEM,
-                    ItemInput());
+  ItemDialog dialog(this, workplace.getCompany().getDatabase(), workplace.getIcons(), ItemDialog::NEW_ITEM, ItemInput(),
+                    getPanelProviders(workplace));
   if (!dialog.execute(PLACEMENT_OWNER)) return 1;
   const int known = problems->getNumMessages();
   session.insertItem(session.countItems(), dialog.getInput());
@@ -621,7 +627,7 @@ long DocumentWindow::onChangeItem(FXObject*, FXSelector, void*) {
   if (!mayRun(ID_CHANGE_ITEM)) return 1;
   const int row = items->getCurrentItemIndex();
   ItemDialog dialog(this, workplace.getCompany().getDatabase(), workplace.getIcons(), ItemDialog::CHANGED_ITEM,
-                    session.getInput(row));
+                    session.getInput(row), getPanelProviders(workplace));
   if (!dialog.execute(PLACEMENT_OWNER)) return 1;
   if (session.wouldLoseValues(row, dialog.getInput()) &&
       !ask(dgettext("quillane", "Más cikk"),

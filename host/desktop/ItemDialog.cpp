@@ -53,7 +53,7 @@ int kindOf(FXSelector selector) { return static_cast<int>(FXSELID(selector)) - I
 }  // namespace
 
 ItemDialog::ItemDialog(FXWindow* ownerWindow, TarnwellDatabase& companyDatabase, const Host::IconSet& icons,
-                       Purpose dialogPurpose, const ItemInput& startInput)
+                       Purpose dialogPurpose, const ItemInput& startInput, const PanelProviders& providers)
     : FXDialogBox(ownerWindow, titleFor(dialogPurpose), DECOR_TITLE | DECOR_BORDER | DECOR_CLOSE | DECOR_RESIZE, 0, 0,
                   kWidth, kHeight, kPadding, kPadding, kPadding, kPadding, kSpacing, kSpacing),
       database(&companyDatabase),
@@ -61,7 +61,7 @@ ItemDialog::ItemDialog(FXWindow* ownerWindow, TarnwellDatabase& companyDatabase,
       input(startInput) {
   auto* content = new FXVerticalFrame(this, LAYOUT_FILL_X | LAYOUT_FILL_Y, 0, 0, 0, 0, 0, 0, 0, 0, 0, kSpacing);
   createKinds(content);
-  createArticles(content, icons);
+  createArticles(content, icons, providers);
   createFields(content);
   createButtons(content);
   name->setText(input.name);
@@ -82,7 +82,7 @@ void ItemDialog::createKinds(FXComposite* content) {
                     RADIOBUTTON_NORMAL | LAYOUT_CENTER_Y);
 }
 
-void ItemDialog::createArticles(FXComposite* content, const Host::IconSet& icons) {
+void ItemDialog::createArticles(FXComposite* content, const Host::IconSet& icons, const PanelProviders& providers) {
   auto* row = new FXHorizontalFrame(content, LAYOUT_FILL_X, 0, 0, 0, 0, 0, 0, 0, 0, kSpacing);
   new FXLabel(row, dgettext("quillane", "&Keresés:"), icons.get(Host::Icon::SEARCH), kLabel | ICON_BEFORE_TEXT);
   filter = new FilterField(row, nullptr, this, ID_FILTER, FRAME_SUNKEN | FRAME_THICK | LAYOUT_FILL_X | LAYOUT_CENTER_Y);
@@ -93,7 +93,7 @@ void ItemDialog::createArticles(FXComposite* content, const Host::IconSet& icons
                0, 0, 0, kSpacing, kSpacing);
   articles = new RecordList(content, this, ID_ARTICLES);
   filter->setList(articles);
-  source = std::make_unique<ArticleSource>(*database, icons, input.articleKind);
+  source = std::make_unique<ArticleSource>(*database, icons, input.articleKind, providers);
   source->addColumns(*articles);
 }
 

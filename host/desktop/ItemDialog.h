@@ -33,9 +33,10 @@ class ItemDialog : public FX::FXDialogBox {
 
   enum Purpose { NEW_ITEM, CHANGED_ITEM };
 
-  /// Begins with what startInput says. Neither the database nor the icons are owned.
+  /// Begins with what startInput says. Neither the database nor the icons nor the providers, whose panels
+  /// are in the window of a new article, are owned.
   ItemDialog(FX::FXWindow* owner, TarnwellDatabase& companyDatabase, const Host::IconSet& icons, Purpose dialogPurpose,
-             const ItemInput& startInput);
+             const ItemInput& startInput, const PanelProviders& providers = {});
 
   /// Gives the focus to where the work begins.
   void create() override;
@@ -68,7 +69,7 @@ class ItemDialog : public FX::FXDialogBox {
 
  private:
   void createKinds(FX::FXComposite* content);
-  void createArticles(FX::FXComposite* content, const Host::IconSet& icons);
+  void createArticles(FX::FXComposite* content, const Host::IconSet& icons, const PanelProviders& providers);
   void createFields(FX::FXComposite* content);
   void createButtons(FX::FXComposite* content);
   FX::FXTextField* createField(FX::FXComposite* parent, const char* label, int characters, FX::FXuint opts);

@@ -17,10 +17,12 @@
 #include "host/desktop/DocumentWindow.h"
 #include "host/desktop/FilePicker.h"
 #include "host/desktop/PartnerListWindow.h"
+#include "host/desktop/PluginListWindow.h"
 #include "host/desktop/ReportDialog.h"
 #include "host/desktop/WrappedText.h"
 #include "host/desktop/XmlFile.h"
 #include "host/document/DocumentRules.h"
+#include "plugin/contract/PanelProvider.h"
 
 #define N_(text) text
 
@@ -48,13 +50,17 @@ mainWindowMap[] = {
     FXMAPFUNCS(SEL_UPDATE, MainWindow::ID_SELECT_ALL, MainWindow::ID_ARTICLES, MainWindow::onUpdNeedsCompany),
     FXMAPFUNC(SEL_COMMAND, MainWindow::ID_OPEN_COMPANY, MainWindow::onOpenCompany),
     FXMAPFUNC(SEL_COMMAND, MainWindow::ID_NEW_COMPANY, MainWindow::onNewCompany),
+    FXMAPFUNC(SEL_COMMAND, MainWindow::ID_PLUGINS, MainWindow::onPlugins),
+    FXMAPFUNC(SEL_UPDATE, MainWindow::ID_PLUGINS, MainWindow::onUpdNeedsCompany),
+    FXMAPFUNCS(SEL_COMMAND, MainWindow::ID_PLUGIN_SETTINGS, MainWindow::ID_LAST_PLUGIN_SETTINGS,
+               MainWindow::onPluginSettings),
     FXMAPFUNC(SEL_COMMAND, MainWindow::ID_ABOUT, MainWindow::onAbout),
     FXMAPFUNC(SEL_COMMAND, MainWindow::ID_QUIT, MainWindow::onQuit),
     FXMAPFUNC(SEL_CLOSE, 0, MainWindow::onQuit),
     FXMAPFUNC(SEL_TIMEOUT, MainWindow::ID_FORGET_RESULT, MainWindow::onForgetResult),
     FXMAPFUNC(SEL_UPDATE, MainWindow::ID_COUNT, MainWindow::onUpdCount),
 };
-static_assert(ARRAYNUMBER(mainWindowMap) == 23);
+static_assert(ARRAYNUMBER(mainWindowMap) == 26);
 
 FXIMPLEMENT(MainWindow, FXMainWindow, mainWindowMap, ARRAYNUMBER(mainWindowMap))
 
@@ -145,6 +151,7 @@ void MainWindow::createMenus() {
   createFileMenu(bar);
   createDocumentMenu(bar);
   createRecordMenu(bar);
+  createPluginMenu(bar);
   createHelpMenu(bar);
 }
 
@@ -198,6 +205,13 @@ void MainWindow::createRecordMenu(FXMenuBar* bar) {
   new FXMenuCommand(
       menu, dgettext("quillane", "&Termékek, szolgáltatások, csomagok...\tCtrl+T\tAmi a bizonylatokra kerülhet"),
       icons->get(Host::Icon::ARTICLES), this, ID_ARTICLES);
+}
+
+void MainWindow::createPluginMenu(FXMenuBar* bar) {
+  pluginMenu = addMenu(bar, dgettext("quillane", "Bő&vítmények"));
+  lastPluginCommand = new FXMenuCommand(
+      pluginMenu, dgettext("quillane", "&Bővítmények...\t\tA betöltött bővítmények és a beállításaik"), nullptr, this,
+      ID_PLUGINS);
 }
 
 void MainWindow::createHelpMenu(FXMenuBar* bar) {
@@ -254,6 +268,27 @@ void MainWindow::fillNewDocumentMenu() {
                           icons->get(Host::Icon::NEW_DOCUMENT), this, ID_NEW_DOCUMENT + static_cast<FXuint>(i));
     if (newDocumentMenu->id()) entry->create();
   }
+}
+
+/// Entries show the modules' icons, which go with the modules.
+void MainWindow::emptyPluginMenu() {
+  while (FXWindow* entry = lastPluginCommand->getNext()) delete entry;
+}
+
+void MainWindow::fillPluginMenu() {
+  emptyPluginMenu();
+  std::string used = "b";  // the letter of the command above
+  const std::vector<Host::PluginLoader::Loaded>& modules = company->getPlugins().getLoaded();
+  for (std::size_t i = 0; i < modules.size() && i <= ID_LAST_PLUGIN_SETTINGS - ID_PLUGIN_SETTINGS; ++i) {
+    Plugin::PluginContainer& module = *modules[i].container;
+    if (!PluginListWindow::hasSettings(module)) continue;
+    if (!lastPluginCommand->getNext()) new FXMenuSeparator(pluginMenu);
+    const FXString label =
+        FXStringFormat(dgettext("quillane", "%s beállításai..."), markMnemonic(module.getName(), used).text());
+    new FXMenuCommand(pluginMenu, label, module.getIcon16(), this, ID_PLUGIN_SETTINGS + static_cast<FXuint>(i));
+  }
+  if (!pluginMenu->id()) return;
+  for (FXWindow* entry = lastPluginCommand->getNext(); entry; entry = entry->getNext()) entry->create();
 }
 
 void MainWindow::appear() {
@@ -368,6 +403,7 @@ bool MainWindow::makeCompany(const FXString& file, CompanyFile::Content content)
 
 bool MainWindow::changeCompany(const std::function<bool(FXString& error)>& change) {
   if (!closeDocumentWindows()) return false;
+  emptyPluginMenu();
   FXString error;
   getApp()->beginWaitCursor();
   const bool changed = change(error);
@@ -389,6 +425,7 @@ void MainWindow::showCompany() {
   for (const Host::Status& status : statuses)
     if (!status.closed && openStatuses.size() <= ID_LAST_NEW_DOCUMENT - ID_NEW_DOCUMENT) openStatuses.push_back(status);
   fillNewDocumentMenu();
+  fillPluginMenu();
   if (!panel->reload(error) || !read) tellError(dgettext("quillane", "Cégfájl"), error);
 }
 
@@ -651,7 +688,22 @@ long MainWindow::onPartners(FXObject*, FXSelector, void*) {
 }
 
 long MainWindow::onArticles(FXObject*, FXSelector, void*) {
-  ArticleListWindow(this, company->getDatabase(), *icons).execute(PLACEMENT_OWNER);
+  ArticleListWindow(this, company->getDatabase(), *icons,
+                    company->getPlugins().getHooks<Plugin::PanelProvider::Plugin>())
+      .execute(PLACEMENT_OWNER);
+  return 1;
+}
+
+long MainWindow::onPlugins(FXObject*, FXSelector, void*) {
+  PluginListWindow(this, company->getPlugins(), *icons).execute(PLACEMENT_OWNER);
+  return 1;
+}
+
+long MainWindow::onPluginSettings(FXObject*, FXSelector selector, void*) {
+  const std::vector<Host::PluginLoader::Loaded>& modules = company->getPlugins().getLoaded();
+  const std::size_t index = FXSELID(selector) - ID_PLUGIN_SETTINGS;
+  if (index < modules.size() && PluginListWindow::hasSettings(*modules[index].container))
+    PluginListWindow::runSettings(this, *modules[index].container);
   return 1;
 }
 

@@ -38,6 +38,9 @@ class MainWindow : public FX::FXMainWindow, public Workplace {
     ID_NEW_COMPANY,
     ID_ABOUT,
     ID_QUIT,
+    ID_PLUGINS,
+    ID_PLUGIN_SETTINGS,  // of the first module; those of the others follow
+    ID_LAST_PLUGIN_SETTINGS = ID_PLUGIN_SETTINGS + 31,
     ID_FORGET_RESULT,
     ID_LAST
   };
@@ -80,6 +83,9 @@ class MainWindow : public FX::FXMainWindow, public Workplace {
 
   DocumentListPanel* getPanel() const { return panel; }
 
+  /// The menu with the modules' settings; owned by the window.
+  FX::FXMenuPane* getPluginMenu() const { return pluginMenu; }
+
   /// The windows of documents, in the order of their opening; not owned, they delete themselves.
   const std::vector<DocumentWindow*>& getDocumentWindows() const { return documentWindows; }
 
@@ -95,6 +101,8 @@ class MainWindow : public FX::FXMainWindow, public Workplace {
   long onArticles(FX::FXObject* sender, FX::FXSelector selector, void* data);
   long onOpenCompany(FX::FXObject* sender, FX::FXSelector selector, void* data);
   long onNewCompany(FX::FXObject* sender, FX::FXSelector selector, void* data);
+  long onPlugins(FX::FXObject* sender, FX::FXSelector selector, void* data);
+  long onPluginSettings(FX::FXObject* sender, FX::FXSelector selector, void* data);
   long onAbout(FX::FXObject* sender, FX::FXSelector selector, void* data);
   long onQuit(FX::FXObject* sender, FX::FXSelector selector, void* data);
   long onForgetResult(FX::FXObject* sender, FX::FXSelector selector, void* data);
@@ -114,11 +122,14 @@ class MainWindow : public FX::FXMainWindow, public Workplace {
   void createFileMenu(FX::FXMenuBar* bar);
   void createDocumentMenu(FX::FXMenuBar* bar);
   void createRecordMenu(FX::FXMenuBar* bar);
+  void createPluginMenu(FX::FXMenuBar* bar);
   void createHelpMenu(FX::FXMenuBar* bar);
   void createTools();
   void createStatusBar();
   FX::FXMenuPane* addMenu(FX::FXMenuBar* bar, const char* heading);
   void fillNewDocumentMenu();
+  void fillPluginMenu();
+  void emptyPluginMenu();
   void savePlacement();
 
   bool changeCompany(const std::function<bool(FX::FXString& error)>& change);
@@ -148,6 +159,8 @@ class MainWindow : public FX::FXMainWindow, public Workplace {
   const Host::IconSet* icons = nullptr;                // not owned
   std::vector<std::unique_ptr<FX::FXMenuPane>> menus;  // owned: popups are children of the root window
   FX::FXMenuPane* newDocumentMenu = nullptr;           // one of them
+  FX::FXMenuPane* pluginMenu = nullptr;                // one of them
+  FX::FXWindow* lastPluginCommand = nullptr;           // the last of the menu that is no module's
   DocumentListPanel* panel = nullptr;                  // owned by the window tree
   FX::FXStatusLine* statusLine = nullptr;              // owned by the window tree
   std::vector<Host::Status> openStatuses;              // those of new documents, in the menu's order

@@ -3,7 +3,7 @@
 
 #include <libintl.h>
 
-#include "host/desktop/FieldMatrix.h"
+#include "host/windows/FieldMatrix.h"
 
 using namespace FX;
 
@@ -36,12 +36,12 @@ PartnerDialog::PartnerDialog(FXWindow* ownerWindow, TarnwellDatabase& companyDat
       database(&companyDatabase),
       partner(begun) {
   setMiniIcon(icons.get(Host::Icon::PARTNERS));
-  addDialogButtons(this, this);
+  Host::addDialogButtons(this, this);
   createFields();
 }
 
 void PartnerDialog::createFields() {
-  auto* fields = new FieldMatrix(this);
+  auto* fields = new Host::FieldMatrix(this);
   nameField = fields->addTextField(dgettext("quillane", "&Név:"), kNameCharacters, partner.name);
   addressField = fields->addTextField(dgettext("quillane", "&Cím:"), kNameCharacters, partner.address);
   taxNumberField = fields->addShortField(dgettext("quillane", "&Adószám:"), kTaxNumberCharacters, partner.taxNumber);

@@ -120,20 +120,22 @@ bool ArticleStore::load(int kind, int id, Article& article, FXString& error) con
 }
 
 bool ArticleStore::save(Article& article, FXString& error) const {
-  const Kind* kind = findKind(article.kind, error);
   Article saved = article;
-  if (!kind || !normalise(saved, error)) return false;
-  const auto write = [&](FXString&) {
-    return saved.id > 0 ? update(database, *kind, saved) : insert(database, *kind, saved);
-  };
+  if (!findKind(article.kind, error) || !normalise(saved, error)) return false;
   FXString reason;
-  if (!Transaction::run(database, reason, write)) {
+  if (!Transaction::run(database, reason, [&](FXString& refusal) { return write(saved, refusal); })) {
     error =
         FXStringFormat(dgettext("quillane", "A(z) „%s” adatai nem tárolhatók. %s"), saved.name.text(), reason.text());
     return false;
   }
   article = saved;
   return true;
+}
+
+bool ArticleStore::write(Article& article, FXString& reason) const {
+  const Kind* kind = findKind(article.kind, reason);
+  if (!kind || !normalise(article, reason)) return false;
+  return article.id > 0 ? update(database, *kind, article) : insert(database, *kind, article);
 }
 
 }  // namespace Quillane::Host

@@ -34,6 +34,11 @@ class ArticleStore {
   /// number and a kind that there is not. When it could not be stored the article is as it was.
   bool save(Article& article, FX::FXString& error) const;
 
+  /// The same inside a transaction that is running and that others write in, too. False with a sentence in reason when
+  /// the article is refused, without one when a statement failed. What was stored is taken back with the transaction:
+  /// the caller puts the article back then.
+  bool write(Article& article, FX::FXString& reason) const;
+
  private:
   TarnwellDatabase& database;
 };

@@ -2,7 +2,6 @@
 // language.
 #include <map>
 
-#include "host/desktop/ArticleDialog.h"
 #include "host/desktop/ArticleListWindow.h"
 #include "host/desktop/ArticlePicker.h"
 #include "host/desktop/CompanyFile.h"
@@ -11,10 +10,14 @@
 #include "host/desktop/PartnerDialog.h"
 #include "host/desktop/PartnerListWindow.h"
 #include "host/desktop/PartnerPicker.h"
+#include "host/desktop/PluginListWindow.h"
 #include "host/desktop/ReportDialog.h"
 #include "host/desktop/UnsavedChangesDialog.h"
 #include "host/desktop/WelcomeDialog.h"
+#include "host/document/ArticleStore.h"
 #include "host/plugins/Translator.h"
+#include "plugin/contract/Forms.h"
+#include "plugin/contract/PanelProvider.h"
 #include "tests/host/desktop/DocumentWindowFixture.h"
 #include "tests/host/plugins/LanguageFixture.h"
 #include "tests/support/ModalDriver.h"
@@ -126,7 +129,13 @@ TEST_P(MnemonicsTest, ofTheMainWindowAndItsDialogsAreDifferent) {
   check(PartnerDialog(&window, database, icons, Host::Partner()));
   check(ArticleListWindow(&window, database, icons));
   check(ArticlePicker(&window, database, icons, InvoiceItem::ARTICLE_PRODUCT));
-  check(ArticleDialog(&window, database, icons, Host::Article()));
+  const PanelProviders providers = workplace.getCompany().getPlugins().getHooks<Plugin::PanelProvider::Plugin>();
+  for (const int kind : {1, 2, 3}) {
+    Host::Article article;
+    article.kind = kind;
+    check(*ArticleDataWindow::make(&window, database, article, nullptr, providers));
+  }
+  check(PluginListWindow(&window, workplace.getCompany().getPlugins(), icons));
 }
 
 TEST_P(MnemonicsTest, ofTheToolkitsDialogsAreDifferent) {

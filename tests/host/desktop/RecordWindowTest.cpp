@@ -8,12 +8,13 @@
 #include <memory>
 #include <string>
 
-#include "host/desktop/ArticleDialog.h"
 #include "host/desktop/ArticleListWindow.h"
 #include "host/desktop/ArticlePicker.h"
 #include "host/desktop/PartnerDialog.h"
 #include "host/desktop/PartnerListWindow.h"
 #include "host/desktop/PartnerPicker.h"
+#include "host/document/ArticleStore.h"
+#include "plugin/contract/Forms.h"
 #include "tests/support/ModalDriver.h"
 #include "tests/support/TestCompany.h"
 #include "tests/support/ToolkitApplication.h"
@@ -89,7 +90,7 @@ class RecordWindowTest : public testing::Test {
 
   static ModalDriver::Answer enterArticle(const char* name, const char* price) {
     return [=](FXDialogBox& dialog) {
-      auto& asked = dynamic_cast<ArticleDialog&>(dialog);
+      auto& asked = dynamic_cast<ArticleDataWindow&>(dialog);
       asked.getNameField()->setText(name);
       asked.getPriceField()->setText(price);
       TestSupport::accept(dialog);
@@ -296,7 +297,7 @@ TEST_F(RecordDialogTest, keepsWhatWasTypedWhenThePartnerHasNoName) {
 }
 
 TEST_F(RecordDialogTest, keepsWhatWasTypedWhenThePriceIsNoNumber) {
-  ArticleDialog dialog(&owner, database(), icons, Host::Article{2, 1, "Szerelés", "óra", "12000"});
+  ServiceDataWindow dialog(&owner, database(), Host::Article{2, 1, "Szerelés", "óra", "12000"});
   EXPECT_EQ(dialog.getPriceField()->getText(),
             "12\xC2\xA0"
             "000");
@@ -315,7 +316,7 @@ TEST_F(RecordDialogTest, keepsWhatWasTypedWhenTheDatabaseRefuses) {
 }
 
 TEST_F(RecordDialogTest, storesThePriceThatItShows) {
-  ArticleDialog dialog(&owner, database(), icons, Host::Article{1, 1, "Szelep", "db", "1234.5"});
+  ProductDataWindow dialog(&owner, database(), Host::Article{1, 1, "Szelep", "db", "1234.5"});
   ModalDriver driver(TestSupport::accept);
   EXPECT_TRUE(dialog.execute());
   EXPECT_EQ(company.query("select price from t_product where t_product_id=1"), (Grid{{"1234.5"}}));

@@ -2,12 +2,13 @@
 #include <fxkeys.h>
 #include <gtest/gtest.h>
 
-#include "host/desktop/ArticleDialog.h"
 #include "host/desktop/ArticleListWindow.h"
 #include "host/desktop/ArticlePicker.h"
 #include "host/desktop/PartnerDialog.h"
 #include "host/desktop/PartnerListWindow.h"
 #include "host/desktop/PartnerPicker.h"
+#include "host/document/ArticleStore.h"
+#include "plugin/contract/Forms.h"
 #include "tests/support/FakeInput.h"
 #include "tests/support/KeyScript.h"
 #include "tests/support/TestCompany.h"
@@ -101,7 +102,7 @@ TEST_F(RecordWindowsOnDisplay, changeAnArticleAndAddOne) {
             takeScreenshot("article-list-filtered");
             typeKey("Return");
           })
-      .step("the dialog", isActive<ArticleDialog>(),
+      .step("the dialog", isActive<ArticleDataWindow>(),
             [] {
               takeScreenshot("article-dialog");
               typeAll({"Tab", "Tab"});
@@ -121,7 +122,7 @@ TEST_F(RecordWindowsOnDisplay, changeAnArticleAndAddOne) {
             takeScreenshot("article-list-services");
             typeKey("j", "Alt_L");
           })
-      .step("the dialog for a new service", isActive<ArticleDialog>(),
+      .step("the dialog for a new service", isActive<ArticleDataWindow>(),
             [] {
               typeText("futar");
               typeKey("Return");

@@ -14,6 +14,7 @@
 #include "plugin/InvoiceCheck.h"
 #include "plugin/InvoiceItemMenu.h"
 #include "plugin/RepairItemDataMessageEvent.h"
+#include "plugin/contract/DBTable.h"
 #include "plugin/contract/Database.h"
 #include "plugin/contract/Entity.h"
 #include "plugin/contract/Forms.h"
@@ -24,6 +25,7 @@
 #include "plugin/contract/PanelProvider.h"
 #include "plugin/contract/PluginContainer.h"
 #include "plugin/contract/PluginModule.h"
+#include "plugin/contract/PluginSettingsDialogBox.h"
 #include "plugin/contract/Schema.h"
 #include "plugin/contract/Statement.h"
 #include "plugin/contract/Tarnwell.h"
@@ -160,6 +162,29 @@ TEST(VirtualSlots, ofTheWindows) {
   EXPECT_EQ(slotCount<InvoiceForm>(), windowSlots + 3);
   EXPECT_EQ(slotCount<InvoiceItemTable>(), slotCount<FXTable>());
   EXPECT_EQ(slotOf(&InvoiceItemTable::getForm), -1);
+}
+
+TEST(VirtualSlots, ofTheWindowsWithPanels) {
+  const int boxSlots = slotCount<FXDialogBox>();
+  EXPECT_GT(boxSlots, kObjectSlots);
+  EXPECT_EQ(slotCount<PanelisedWindow>(), boxSlots + 2) << "writing the record, and its refusal";
+  EXPECT_EQ(slotOf(&PanelisedWindow::getRecordId), -1);
+  EXPECT_EQ(slotCount<ProductDataWindow>(), slotCount<PanelisedWindow>());
+  EXPECT_EQ(slotCount<SuiteDataWindow>(), slotCount<PanelisedWindow>());
+  EXPECT_EQ(slotCount<ServiceDataWindow>(), slotCount<PanelisedWindow>());
+}
+
+TEST(VirtualSlots, ofTheSettingsBoxAreThoseOfTheToolkitsDialogBox) {
+  EXPECT_EQ(slotCount<Plugin::UI::PluginSettingsDialogBox>(), slotCount<FXDialogBox>());
+  EXPECT_EQ(slotOf(&Plugin::UI::PluginSettingsDialogBox::getContentFrame), -1);
+}
+
+TEST(VirtualSlots, ofATablesPersister) {
+  EXPECT_EQ((Slots{slotOf(&DBTablePersister::updateItem), slotOf(&DBTablePersister::deleteItem),
+                   slotOf(&DBTablePersister::insertItem), slotOf(&DBTablePersister::getColName)}),
+            (Slots{2, 3, 4, 5}))
+      << "behind the destructor";
+  EXPECT_EQ(slotCount<DBTablePersister>(), 6);
 }
 
 TEST(VirtualSlots, ofTheDatabase) {

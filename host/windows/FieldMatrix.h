@@ -2,10 +2,12 @@
 
 #include <fx.h>
 
-namespace Quillane::Desktop {
+#include "plugin/contract/HostApi.h"
+
+namespace Quillane::Host {
 
 /// The fields of a dialog box, one below the other, each behind its label. Return in a field accepts the dialog.
-class FieldMatrix : public FX::FXMatrix {
+class QUILLANE_HOST_API FieldMatrix : public FX::FXMatrix {
   FXDECLARE(FieldMatrix)
  public:
   explicit FieldMatrix(FX::FXComposite* container);
@@ -27,6 +29,6 @@ class FieldMatrix : public FX::FXMatrix {
 };
 
 /// The row of buttons at the bottom of a dialog: OK, which is the default, and the one that gives it up.
-void addDialogButtons(FX::FXComposite* parent, FX::FXDialogBox* dialog);
+QUILLANE_HOST_API void addDialogButtons(FX::FXComposite* parent, FX::FXDialogBox* dialog);
 
-}  // namespace Quillane::Desktop
+}  // namespace Quillane::Host

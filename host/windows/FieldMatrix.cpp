@@ -1,11 +1,11 @@
 // What the dialogs in which a record is edited have in common.
-#include "host/desktop/FieldMatrix.h"
+#include "host/windows/FieldMatrix.h"
 
 #include <libintl.h>
 
 using namespace FX;
 
-namespace Quillane::Desktop {
+namespace Quillane::Host {
 
 FXIMPLEMENT(FieldMatrix, FXMatrix, nullptr, 0)
 
@@ -50,4 +50,4 @@ void addDialogButtons(FXComposite* parent, FXDialogBox* dialog) {
                BUTTON_NORMAL | BUTTON_DEFAULT, 0, 0, 0, 0, kButtonPadding, kButtonPadding);
 }
 
-}  // namespace Quillane::Desktop
+}  // namespace Quillane::Host
