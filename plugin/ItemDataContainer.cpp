@@ -13,6 +13,9 @@
 #include "plugin/InvoiceItemPlugin.h"
 #include "plugin/Model.h"
 #include "plugin/contract/Tarnwell.h"
+#include "ui/ItemDataAssociationPanelPlugin.h"
+#include "ui/ItemDataSettingsPanel.h"
+#include "ui/ItemDataSettingsPersister.h"
 
 using namespace FX;
 
@@ -38,6 +41,11 @@ constexpr int kNoWeight = 0;
 constexpr const char* kMenuText = N_("Egyéb tételadatok...\t\t");
 constexpr int kMenuPosition = 0;
 
+// The settings dialog, in pixels.
+constexpr int kSettingsWidth = 600;
+constexpr int kSettingsHeight = 400;
+static_assert(PLACEMENT_CURSOR == 2, "where the settings dialog comes up");
+
 }  // namespace
 
 ItemDataContainer::ItemDataContainer(Tarnwell* application)
@@ -56,6 +64,7 @@ FXIcon* ItemDataContainer::getIcon16() { return icon16.get(); }
 
 // On purpose: a second call would register everything again, and what the database refuses changes nothing here.
 int ItemDataContainer::init() {
+  modules.append(new ItemDataAssociationPanel::Plugin(this));
   modules.append(new InvoiceCheck(this));
   modules.append(new InvoiceItemMenu(this, kMenuPosition, dgettext(kCodeName, kMenuText)));
   modules.append(new InvoiceItemPlugin(this, kWeight, kWeight, kNoWeight, kWeight, kWeight));
@@ -67,6 +76,17 @@ int ItemDataContainer::init() {
   Model::initDB(account->getDB());
   return 1;
 }
+
+long ItemDataContainer::onSettings(FXObject*, FXSelector, void*) {
+  ItemDataSettingsPanel panel(this, account);
+  panel.setWidth(kSettingsWidth);
+  panel.setHeight(kSettingsHeight);
+  if (!panel.execute(PLACEMENT_CURSOR)) return 1;
+  ItemDataSettingsPersister persister(account->getDB());
+  return panel.save(&persister);
+}
+
+long ItemDataContainer::onHasSettings(FXObject*, FXSelector, void*) { return 1; }
 
 }  // namespace Quillane::Plugin::ItemData
 

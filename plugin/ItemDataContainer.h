@@ -22,6 +22,13 @@ class ItemDataContainer : public PluginContainer {
   /// the company's database open. Always returns 1.
   int init() override;
 
+  /// Shows the item variables until the user closes them, and writes what he accepted. Returns 1 when he gave them up,
+  /// else what saving them came to.
+  long onSettings(FX::FXObject* sender, FX::FXSelector selector, void* data) override;
+
+  /// Always returns 1.
+  long onHasSettings(FX::FXObject* sender, FX::FXSelector selector, void* data) override;
+
  private:
   std::unique_ptr<FX::FXIcon> icon16;
 };

@@ -13,8 +13,12 @@
 #include "plugin/InvoiceCheck.h"
 #include "plugin/InvoiceItemMenu.h"
 #include "plugin/InvoiceItemPlugin.h"
+#include "plugin/contract/DBTable.h"
 #include "tests/plugin/PluginTest.h"
 #include "tests/plugin/TextCatalogue.h"
+#include "tests/support/ModalDriver.h"
+#include "ui/ItemDataAssociationPanelPlugin.h"
+#include "ui/ItemDataSettingsPanel.h"
 
 using namespace FX;
 using testing::ElementsAre;
@@ -81,10 +85,11 @@ TEST_F(ItemDataContainerTest, initRegistersItsHooksInOrder) {
   container.init();
 
   const FXObjectList& modules = container.getModules();
-  ASSERT_EQ(modules.no(), 3);
-  EXPECT_NE(dynamic_cast<InvoiceCheck*>(modules[0]), nullptr);
-  EXPECT_NE(dynamic_cast<InvoiceItemMenu*>(modules[1]), nullptr);
-  EXPECT_NE(dynamic_cast<InvoiceItemPlugin*>(modules[2]), nullptr);
+  ASSERT_EQ(modules.no(), 4);
+  EXPECT_NE(dynamic_cast<ItemDataAssociationPanel::Plugin*>(modules[0]), nullptr);
+  EXPECT_NE(dynamic_cast<InvoiceCheck*>(modules[1]), nullptr);
+  EXPECT_NE(dynamic_cast<InvoiceItemMenu*>(modules[2]), nullptr);
+  EXPECT_NE(dynamic_cast<InvoiceItemPlugin*>(modules[3]), nullptr);
   for (FXint i = 0; i < modules.no(); ++i) {
     auto* hook = dynamic_cast<PluginModule*>(modules[i]);
     ASSERT_NE(hook, nullptr);
@@ -97,7 +102,7 @@ TEST_F(ItemDataContainerTest, initGivesTheMenuEntryItsPlaceAndItsText) {
   ItemDataContainer container(&testAccount());
   container.init();
 
-  auto* hook = dynamic_cast<InvoiceItemMenuPlugin*>(container.getModules()[1]);
+  auto* hook = dynamic_cast<InvoiceItemMenuPlugin*>(container.getModules()[2]);
   ASSERT_NE(hook, nullptr);
   EXPECT_EQ(hook->getPosition(), 0);
   EXPECT_EQ(hook->getMenuText(), "Egyéb tételadatok...\t\t");
@@ -107,7 +112,7 @@ TEST_F(ItemDataContainerTest, initTranslatesTheTextOfTheMenuEntry) {
   const TextCatalogue catalogue("QuillanePluginItemData", {{"Egyéb tételadatok...\t\t", "Other item data...\t\t"}});
   ItemDataContainer container(&testAccount());
   container.init();
-  auto* hook = dynamic_cast<InvoiceItemMenuPlugin*>(container.getModules()[1]);
+  auto* hook = dynamic_cast<InvoiceItemMenuPlugin*>(container.getModules()[2]);
   ASSERT_NE(hook, nullptr);
   EXPECT_EQ(hook->getMenuText(), "Other item data...\t\t");
 }
@@ -116,7 +121,7 @@ TEST_F(ItemDataContainerTest, initGivesTheEntityHookItsWeights) {
   ItemDataContainer container(&testAccount());
   container.init();
 
-  auto* hook = dynamic_cast<EntityPlugin*>(container.getModules()[2]);
+  auto* hook = dynamic_cast<EntityPlugin*>(container.getModules()[3]);
   ASSERT_NE(hook, nullptr);
   EXPECT_THAT((std::vector<int>{hook->getLoadWeight(), hook->getSaveWeight(), hook->getDeleteWeight(),
                                 hook->getXmlWeight(), hook->getStringWeight()}),
@@ -154,7 +159,7 @@ TEST_F(ItemDataContainerTest, keepsInitSuccessfulWhenTheDatabaseRefuses) {
   company.run("pragma query_only=1");
   ItemDataContainer container(&testAccount());
   EXPECT_EQ(container.init(), 1);
-  EXPECT_EQ(container.getModules().no(), 3);
+  EXPECT_EQ(container.getModules().no(), 4);
   EXPECT_EQ(plugins.no(), 3);
   company.run("pragma query_only=0");
   EXPECT_EQ(company.query(kModuleTablesSql), Grid{});
@@ -164,7 +169,7 @@ TEST_F(ItemDataContainerTest, keepsRegisteringAnewOnEveryInit) {
   ItemDataContainer container(&testAccount());
   container.init();
   container.init();
-  EXPECT_EQ(container.getModules().no(), 6);
+  EXPECT_EQ(container.getModules().no(), 8);
   EXPECT_EQ(plugins.no(), 6);
 }
 
@@ -201,6 +206,79 @@ TEST_F(ItemDataContainerTest, deletesThePrototypesFromTheLastToTheFirst) {
   EXPECT_THAT(deleted, ElementsAre(3, 2, 1));
 }
 
+// ---- the settings
+
+/// A company with the variable 5 and the container that the host asks for its settings.
+class ItemDataContainerSettings : public ItemDataContainerTest {
+ protected:
+  ItemDataContainerSettings() {
+    container.init();
+    company.run("insert into t_itemvariable values (5, 'Lejárat', 2, 0, 1, '')");
+  }
+
+  /// Asks for the settings, has the user do something in them, and returns the result.
+  long askForSettings(const TestSupport::ModalDriver::Answer& user) {
+    const TestSupport::ModalDriver driver(user);
+    return container.onSettings(nullptr, 0, nullptr);
+  }
+
+  /// Changes the name of the first variable.
+  static void rename(FXDialogBox& dialog) {
+    auto* settings = dynamic_cast<ItemDataSettingsPanel*>(&dialog);
+    ASSERT_NE(settings, nullptr);
+    settings->getTable()->setItemText(0, 0, "Szavatosság");
+  }
+
+  Grid names() const { return company.query("select name from t_itemvariable where t_itemvariable_id=5"); }
+
+  ItemDataContainer container{&testAccount()};
+};
+
+TEST_F(ItemDataContainerSettings, areThere) { EXPECT_EQ(container.onHasSettings(nullptr, 0, nullptr), 1); }
+
+TEST_F(ItemDataContainerSettings, areWrittenWhenTheyAreAccepted) {
+  EXPECT_EQ(askForSettings([](FXDialogBox& dialog) {
+              rename(dialog);
+              TestSupport::accept(dialog);
+            }),
+            1);
+  EXPECT_EQ(names(), (Grid{{"Szavatosság"}}));
+}
+
+TEST_F(ItemDataContainerSettings, areForgottenWhenTheyAreCancelled) {
+  EXPECT_EQ(askForSettings([](FXDialogBox& dialog) {
+              rename(dialog);
+              TestSupport::cancel(dialog);
+            }),
+            1);
+  EXPECT_EQ(names(), (Grid{{"Lejárat"}}));
+}
+
+TEST_F(ItemDataContainerSettings, canBeAcceptedWithoutAChange) {
+  long result = 0;
+  EXPECT_THAT(watch([&] { result = askForSettings(TestSupport::accept); }), testing::SizeIs(1)) << "the loading only";
+  EXPECT_EQ(result, 1);
+  EXPECT_EQ(names(), (Grid{{"Lejárat"}}));
+}
+
+TEST_F(ItemDataContainerSettings, comeUpInTheSizeThatTheyNeed) {
+  askForSettings([](FXDialogBox& dialog) {
+    EXPECT_EQ(dialog.getWidth(), 600);
+    EXPECT_EQ(dialog.getHeight(), 400);
+    EXPECT_THAT(dialog.getTitle().text(), testing::HasSubstr("Egyéb tételadatok"));
+    TestSupport::cancel(dialog);
+  });
+}
+
+TEST_F(ItemDataContainerSettings, areGoneAfterwards) {
+  const FXint windowsBefore = testAccount().getRootWindow()->numChildren();
+  askForSettings(TestSupport::cancel);
+  askForSettings(TestSupport::accept);
+  EXPECT_EQ(testAccount().getRootWindow()->numChildren(), windowsBefore);
+}
+
+// ---- the entry point
+
 TEST_F(ItemDataContainerTest, isWhatTheEntryPointMakes) {
   const std::unique_ptr<PluginContainer> first(get_plugin(&testAccount()));
   const std::unique_ptr<PluginContainer> second(get_plugin(&testAccount()));
@@ -217,6 +295,7 @@ TEST_F(ItemDataContainerTest, usesTheMetaClassOfItsBase) {
   EXPECT_EQ(FXMetaClass::getMetaClassFromName("InvoiceCheck"), nullptr);
   EXPECT_EQ(FXMetaClass::getMetaClassFromName("InvoiceItemMenu"), nullptr);
   EXPECT_EQ(FXMetaClass::getMetaClassFromName("InvoiceItemPlugin"), nullptr);
+  EXPECT_EQ(ItemDataAssociationPanel::Plugin(nullptr).getMetaClass(), &PanelProvider::Plugin::metaClass);
 }
 
 }  // namespace

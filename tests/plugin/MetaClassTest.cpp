@@ -13,7 +13,9 @@
 #include "itemdata/ItemDataComboEntry.h"
 #include "itemdata/ItemDataDateEntry.h"
 #include "itemdata/ItemDataStringEntry.h"
+#include "ui/ItemDataAssociationPanel.h"
 #include "ui/ItemDataDialog.h"
+#include "ui/ItemDataSettingsPanel.h"
 #include "ui/ItemDataTable.h"
 
 using namespace FX;
@@ -55,6 +57,8 @@ const Expected kExpected[] = {
     {&ItemDataComboEntry::metaClass, "ItemDataComboEntry", &FXObject::metaClass, 0},
     {&UI::ItemDataTable::metaClass, "ItemDataTable", &FXTable::metaClass, 3},
     {&ItemDataDialog::metaClass, "ItemDataDialog", &FXDialogBox::metaClass, 3},
+    {&ItemDataSettingsPanel::metaClass, "ItemDataSettingsPanel", &FXDialogBox::metaClass, 3},
+    {&UI::ItemDataAssociationPanel::metaClass, "ItemDataAssociationPanel", &FXVerticalFrame::metaClass, 0},
     {&FXExt::FXComboBox::metaClass, "FXExt::FXComboBox", &FX::FXComboBox::metaClass, 2},
     {&FXExt::FXDatePickerLabel::metaClass, "FXDatePickerLabel", &FXLabel::metaClass, 3},
     {&FXExt::FXDatePicker::metaClass, "FXDatePicker", &FXVerticalFrame::metaClass, 9},
