@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <string>
 
+#include "bench/BenchAccount.h"
 #include "host/document/CompanyModel.h"
 #include "itemdata/ItemDataPluginList.h"
 #include "plugin/ItemDataContainer.h"
@@ -16,19 +17,6 @@
 namespace Bench {
 
 namespace {
-
-// The one application of the process, without a display.
-Quillane::Tarnwell& account() {
-  static auto* application = [] {
-    auto* made = new Quillane::Tarnwell("benchmarks");
-    static char name[] = "benchmarks";
-    static char* arguments[] = {name, nullptr};
-    int count = 1;
-    made->init(count, arguments, FALSE);
-    return made;
-  }();
-  return *application;
-}
 
 [[noreturn]] void fail(const std::string& reason) {
   std::fprintf(stderr, "%s\n", reason.c_str());
