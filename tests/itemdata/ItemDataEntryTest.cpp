@@ -15,6 +15,7 @@
 #include "tests/itemdata/ItemDataFixture.h"
 #include "tests/itemdata/RecordingEntry.h"
 #include "tests/itemdata/XmlLines.h"
+#include "tests/plugin/TextCatalogue.h"
 
 using namespace FX;
 
@@ -277,6 +278,23 @@ TEST_F(ItemDataEntryMemory, namesAndPrefixesAreNoFormats) {
             std::vector<Finding>({{"%d%s_ITEMDATAWANTED", 1,
                                    "A(z) 12. tételhez rögzíteni kell néhány egyéb adatot!\nMező neve:100%s %n %d",
                                    "Számla: Tételek listája\n[%s/%d]\n"}}));
+}
+
+// The default text domain is the host's.
+TEST_F(ItemDataEntryMemory, findingIsInTheLanguageOfTheProgramAndTheFieldsNameAsItIs) {
+  const TextCatalogue catalogue(
+      "messages", {{"A(z) %d. tételhez rögzíteni kell néhány egyéb adatot!\nMező neve:%s", "Item %d must have %s."},
+                   {"A(z) %d. tételhez lehet rögzíteni néhány egyéb adatot!\nMező neve:%s", "Item %d may have %s."},
+                   {"Számla: Tételek listája\n[%s]\n", "Items of %s"},
+                   {"Gyári szám", "a translated name"}});
+  Findings findings;
+  for (const int mandatory : {1, 0}) {
+    declare({{11, "Gyári szám", ItemDataEntry::TYPE_TEXT, 0, mandatory}});
+    std::unique_ptr<ItemDataEntry>(newEntry("0 11 ''", newItem(10)))->check(3, findings.list, "P");
+  }
+  EXPECT_EQ(findings.all(),
+            std::vector<Finding>({{"P_ITEMDATAWANTED", 1, "Item 3 must have Gyári szám.", "Items of K-1"},
+                                  {"P_ITEMDATAWANTED", 0, "Item 3 may have Gyári szám.", "Items of K-1"}}));
 }
 
 // ---- XML
@@ -620,6 +638,29 @@ TEST_F(ItemDataEntryDatabase, refusedStatementFailsTheTransaction) {
   entry("1 777 'refused'", newItem(10))->save(db());
   EXPECT_FALSE(db()->commit());
   EXPECT_EQ(storedValues(), Lines());
+}
+
+TEST_F(ItemDataEntryDatabase, everyStatementThatCannotRunFailsTheTransaction) {
+  struct Case {
+    const char* sentence;
+    bool derived;
+    const char* entry;
+    int (ItemDataEntry::*operation)(TarnwellDatabase*);
+  };
+  for (const Case& c : {Case{"load", false, "1 11 ''", &ItemDataEntry::load},
+                        Case{"load without variable", false, "1 0 ''", &ItemDataEntry::load},
+                        Case{"copy", true, "1 11 ''", &ItemDataEntry::load},
+                        Case{"copy without variable", true, "1 0 ''", &ItemDataEntry::load},
+                        Case{"remaining quantity", true, "1 -1 ''", &ItemDataEntry::load},
+                        Case{"insert", false, "1 11 'abc'", &ItemDataEntry::save},
+                        Case{"update", false, "1 11 'abc' #7", &ItemDataEntry::save},
+                        Case{"delete", false, "1 11 '' #7 marked", &ItemDataEntry::save}}) {
+    ASSERT_TRUE(db()->begin());
+    run("drop table t_invoiceitemdata");
+    auto refused = entry(c.entry, c.derived ? newDerivedItem(10) : newItem(10));
+    EXPECT_EQ((refused.get()->*c.operation)(db()), 0) << c.sentence;
+    EXPECT_FALSE(db()->commit()) << c.sentence;
+  }
 }
 
 TEST_F(ItemDataEntryDatabase, anyTextIsStoredAndLoadedByteByByte) {

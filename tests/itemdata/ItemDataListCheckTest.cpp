@@ -9,6 +9,7 @@
 #include "tests/itemdata/ItemDataFixture.h"
 #include "tests/itemdata/RecordingEntry.h"
 #include "tests/itemdata/RowModel.h"
+#include "tests/plugin/TextCatalogue.h"
 
 using namespace FX;
 
@@ -163,6 +164,19 @@ TEST_F(ItemDataListCheck, prefixesAndDocumentsAreNoFormats) {
   list->check(1, findings.list, "%d%s");
   EXPECT_EQ(findings.all(), std::vector<Finding>({{"%d%s_ITEMDATAQUANTITYMORETHAN", 1, tooMuch("5", "4"),
                                                    "Számla: Tételek listája\n[100%s]\n"}}));
+}
+
+// The default text domain is the host's.
+TEST_F(ItemDataListCheck, quantityMessageIsInTheLanguageOfTheProgram) {
+  const TextCatalogue catalogue(
+      "messages",
+      {{"Egyéb tételadatok: Az összmennyiség (%s) több, mint a tétellistában megadott (%s).", "%s > %s"},
+       {"Egyéb tételadatok: Az összmennyiség (%s) kevesebb, mint a tétellistában megadott (%s).", "%s < %s"},
+       {"Számla: Tételek listája\n[%s]\n", "Items of %s"}});
+  EXPECT_EQ(compare({"2", "3"}, "4"),
+            std::vector<Finding>({{"P_ITEMDATAQUANTITYMORETHAN", 1, "5 > 4", "Items of K-1"}}));
+  EXPECT_EQ(compare({"1", "2"}, "4"),
+            std::vector<Finding>({{"P_ITEMDATAQUANTITYLESSTHAN", 1, "3 < 4", "Items of K-1"}}));
 }
 
 // ---- the entries

@@ -369,6 +369,26 @@ TEST_F(ItemDataListLoad, valueWithoutRowNumberBelongsToTheItem) {
   EXPECT_EQ(lines(*list), Lines({"0 11 'abc' #7"}));
 }
 
+TEST_F(ItemDataListLoad, everyStatementThatCannotRunFailsTheTransaction) {
+  for (const int kind : {kProduct, kService, kSuite}) {
+    InvoiceItem* item = newItem();
+    item->setArticle(kind, 1);
+    ItemDataList settings;
+    ASSERT_TRUE(db()->begin());
+    for (const char* article : {"product", "service", "suite"})
+      run(std::string("drop table t_") + article + "itemdata");
+    settings.loadSettings(db(), 101, item);
+    EXPECT_FALSE(db()->commit()) << kind;
+  }
+  for (InvoiceItem* item : {newItem(10), newDerivedItem(10)}) {
+    ItemDataList list(item, nullptr);
+    ASSERT_TRUE(db()->begin());
+    run("drop table t_invoiceitemdata");
+    list.loadSavedItemData(db());
+    EXPECT_FALSE(db()->commit()) << item->getId();
+  }
+}
+
 // ---- the parameters of stored values
 
 TEST_F(ItemDataListLoad, entriesTakeTheirParameterFromTheSettings) {

@@ -7,6 +7,7 @@
 
 #include "itemdata/ItemDataList.h"
 #include "tests/itemdata/ItemDataFixture.h"
+#include "tests/plugin/TextCatalogue.h"
 
 using namespace FX;
 
@@ -68,6 +69,13 @@ TEST_F(ItemDataListLoaderRows, quantityEntryComesBeforeTheFirstPerUnitVariable) 
   EXPECT_EQ(text(quantity->vvalue), "");
   EXPECT_EQ(list[0]->process, 0);
   EXPECT_EQ(list[4]->process, 1);
+}
+
+// The default text domain is the host's. What the user named himself is never translated.
+TEST_F(ItemDataListLoaderRows, quantityEntryIsNamedInTheLanguageOfTheProgram) {
+  const TextCatalogue catalogue("messages", {{"Mennyiség", "Quantity"}, {"C", "a translated name"}});
+  feed({{"1", nullptr, "13", "C", "1", "1", ""}, {"-1", "7", "-1", "Mennyiség", "1", "1", "3"}});
+  EXPECT_EQ(names(list), Lines({"Quantity", "C", "Mennyiség"}));
 }
 
 TEST_F(ItemDataListLoaderRows, noQuantityEntryIsMadeWhenTheUnitPartIsKnown) {

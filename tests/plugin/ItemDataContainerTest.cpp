@@ -4,8 +4,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 
+#include "icons/icons.h"
 #include "itemdata/ItemDataComboEntry.h"
 #include "itemdata/ItemDataDateEntry.h"
 #include "itemdata/ItemDataPluginList.h"
@@ -64,6 +66,17 @@ TEST_F(ItemDataContainerTest, hasAnIconOfSixteenPixels) {
   EXPECT_EQ(icon->getTransparentColor(), 0xFFC0C0C0);
   EXPECT_EQ(icon->getApp(), &testAccount());
   EXPECT_EQ(container.getIcon16(), icon) << "made once";
+}
+
+TEST_F(ItemDataContainerTest, showsItsOwnPicture) {
+  ItemDataContainer container(&testAccount());
+  const FXGIFIcon expected(&testAccount(), icon_itemdata, FXRGB(192, 192, 192), 0, 1, 1);
+  const FXIcon& icon = *container.getIcon16();
+  ASSERT_EQ(icon.getWidth() * icon.getHeight(), expected.getWidth() * expected.getHeight());
+  ASSERT_NE(icon.getData(), nullptr);
+  EXPECT_TRUE(
+      std::equal(expected.getData(), expected.getData() + expected.getWidth() * expected.getHeight(), icon.getData()));
+  EXPECT_EQ(icon.getOptions(), expected.getOptions());
 }
 
 TEST_F(ItemDataContainerTest, hasNoLargerIcons) {
@@ -258,6 +271,23 @@ TEST_F(ItemDataContainerSettings, canBeAcceptedWithoutAChange) {
   long result = 0;
   EXPECT_THAT(watch([&] { result = askForSettings(TestSupport::accept); }), testing::SizeIs(1)) << "the loading only";
   EXPECT_EQ(result, 1);
+  EXPECT_EQ(names(), (Grid{{"Lejárat"}}));
+}
+
+TEST_F(ItemDataContainerSettings, keepsAnsweringOneWhenTheDatabaseRefuses) {
+  company.run("create trigger refuse before update on t_itemvariable begin select raise(abort, 'no'); end");
+  int refusals = 0;
+  EXPECT_EQ(askForSettings([&refusals](FXDialogBox& dialog) {
+              if (dynamic_cast<ItemDataSettingsPanel*>(&dialog)) {
+                rename(dialog);
+                TestSupport::accept(dialog);
+              } else {
+                ++refusals;
+                TestSupport::cancel(dialog);
+              }
+            }),
+            1);
+  EXPECT_EQ(refusals, 1) << "the user is told";
   EXPECT_EQ(names(), (Grid{{"Lejárat"}}));
 }
 

@@ -4,7 +4,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <string>
+#include <type_traits>
+#include <vector>
+
 #include "tests/plugin/PluginTest.h"
+#include "tests/plugin/TextCatalogue.h"
 
 using namespace FX;
 using testing::ElementsAre;
@@ -25,11 +30,12 @@ const Grid kQuantityRow = {{"-1", "Mennyiség", "-1", "1", "1", "NULL"}};
 const char* const kAllVariablesSql =
     "select t_itemvariable_id, name, type, process, mandatory, vvalue from t_itemvariable order by 1";
 
-/// What a table declares, a line for each column and index, in the order of declaration.
-template <class T>
-std::vector<std::string> declarationOf() {
+/// What a table of this class declares, a line for each column and index, in the order of declaration. The further
+/// arguments are those of the class's constructor behind the schema.
+template <class T, class... Arguments>
+std::vector<std::string> declarationOf(Arguments... arguments) {
   Quillane::Model::Schema schema;
-  auto* table = new T(&schema);
+  Quillane::Model::Table* table = new T(&schema, arguments...);
   table->init();
   std::vector<std::string> lines{table->getName().text()};
   for (FXint i = 0; i < table->getColumns().no(); ++i) {
@@ -37,7 +43,7 @@ std::vector<std::string> declarationOf() {
     std::string line = column.getName().text();
     line += column.getType() == Quillane::Model::Column::TEXT ? " text" : " integer";
     if (column.isReference()) {
-      line += std::string(" -> ") + column.getTargetTable().text();
+      line += std::string(" -> ") + column.getTargetColumn().text() + " of " + column.getTargetTable().text();
       line += column.isNullable() ? " nullable" : " required";
       line += " rule " + std::to_string(column.getOnDelete());
     }
@@ -58,31 +64,46 @@ TEST(ModelDeclaration, ofItemVariables) {
 
 TEST(ModelDeclaration, ofRecordedValues) {
   EXPECT_THAT(declarationOf<Model::InvoiceItemData>(),
-              ElementsAre("t_invoiceitemdata", "t_itemvariable_1 integer -> t_itemvariable nullable rule 4",
-                          "t_invoiceitem_1 integer -> t_invoiceitem required rule 4", "row integer", "value text",
-                          "index over t_itemvariable_1", "index over t_invoiceitem_1",
+              ElementsAre("t_invoiceitemdata",
+                          "t_itemvariable_1 integer -> t_itemvariable_id of t_itemvariable nullable rule 4",
+                          "t_invoiceitem_1 integer -> t_invoiceitem_id of t_invoiceitem required rule 4", "row integer",
+                          "value text", "index over t_itemvariable_1", "index over t_invoiceitem_1",
                           "index over t_invoiceitem_1 t_itemvariable_1 row"));
 }
 
+TEST(ModelDeclaration, ofAssignmentsToAnyArticle) {
+  EXPECT_THAT(
+      declarationOf<Model::BaseItemData>("t_kititemdata", "t_kit"),
+      ElementsAre("t_kititemdata", "t_kit_1 integer -> t_kit_id of t_kit required rule 4",
+                  "t_itemvariable_1 integer -> t_itemvariable_id of t_itemvariable required rule 4", "position integer",
+                  "direction integer", "index over t_kit_1", "index over t_itemvariable_1"));
+  EXPECT_TRUE((std::is_base_of_v<Model::BaseItemData, Model::ProductItemData>));
+  EXPECT_TRUE((std::is_base_of_v<Model::BaseItemData, Model::SuiteItemData>));
+  EXPECT_TRUE((std::is_base_of_v<Model::BaseItemData, Model::ServiceItemData>));
+}
+
 TEST(ModelDeclaration, ofAssignmentsToProducts) {
-  EXPECT_THAT(declarationOf<Model::ProductItemData>(),
-              ElementsAre("t_productitemdata", "t_product_1 integer -> t_product required rule 4",
-                          "t_itemvariable_1 integer -> t_itemvariable required rule 4", "position integer",
-                          "direction integer", "index over t_product_1", "index over t_itemvariable_1"));
+  EXPECT_THAT(
+      declarationOf<Model::ProductItemData>(),
+      ElementsAre("t_productitemdata", "t_product_1 integer -> t_product_id of t_product required rule 4",
+                  "t_itemvariable_1 integer -> t_itemvariable_id of t_itemvariable required rule 4", "position integer",
+                  "direction integer", "index over t_product_1", "index over t_itemvariable_1"));
 }
 
 TEST(ModelDeclaration, ofAssignmentsToSuites) {
-  EXPECT_THAT(declarationOf<Model::SuiteItemData>(),
-              ElementsAre("t_suiteitemdata", "t_suite_1 integer -> t_suite required rule 4",
-                          "t_itemvariable_1 integer -> t_itemvariable required rule 4", "position integer",
-                          "direction integer", "index over t_suite_1", "index over t_itemvariable_1"));
+  EXPECT_THAT(
+      declarationOf<Model::SuiteItemData>(),
+      ElementsAre("t_suiteitemdata", "t_suite_1 integer -> t_suite_id of t_suite required rule 4",
+                  "t_itemvariable_1 integer -> t_itemvariable_id of t_itemvariable required rule 4", "position integer",
+                  "direction integer", "index over t_suite_1", "index over t_itemvariable_1"));
 }
 
 TEST(ModelDeclaration, ofAssignmentsToServices) {
-  EXPECT_THAT(declarationOf<Model::ServiceItemData>(),
-              ElementsAre("t_serviceitemdata", "t_service_1 integer -> t_service required rule 4",
-                          "t_itemvariable_1 integer -> t_itemvariable required rule 4", "position integer",
-                          "direction integer", "index over t_service_1", "index over t_itemvariable_1"));
+  EXPECT_THAT(
+      declarationOf<Model::ServiceItemData>(),
+      ElementsAre("t_serviceitemdata", "t_service_1 integer -> t_service_id of t_service required rule 4",
+                  "t_itemvariable_1 integer -> t_itemvariable_id of t_itemvariable required rule 4", "position integer",
+                  "direction integer", "index over t_service_1", "index over t_itemvariable_1"));
 }
 
 class ModelTest : public PluginTest {
@@ -197,6 +218,22 @@ TEST_F(ModelTest, seedsTheQuantityVariableAndNothingElse) {
 TEST_F(ModelTest, seedsWithTheseStatements) {
   const std::vector<std::string> log = watch([this] { Model::initDB(&db()); });
   EXPECT_THAT(log, ElementsAre(kCountQuantity, kSeed));
+}
+
+TEST_F(ModelTest, storesTheNameOfTheQuantityInNobodysLanguage) {
+  const TextCatalogue ofTheHost("messages", {{"Mennyiség", "Quantity"}});
+  const TextCatalogue ofTheModule("QuillanePluginItemData", {{"Mennyiség", "Quantity"}});
+  Model::initDB(&db());
+  EXPECT_EQ(company.query(kAllVariablesSql), kQuantityRow);
+}
+
+TEST_F(ModelTest, failsTheTransactionWhenTheQuantityVariableCannotBeStored) {
+  Model::initDB(&db());
+  company.run("delete from t_itemvariable");
+  company.run("create trigger refuse before insert on t_itemvariable begin select raise(abort, 'no'); end");
+  ASSERT_TRUE(db().begin());
+  Model::initDB(&db());
+  EXPECT_FALSE(db().commit());
 }
 
 TEST_F(ModelTest, changesNothingOnASecondStart) {

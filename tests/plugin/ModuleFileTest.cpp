@@ -9,6 +9,7 @@
 #include <memory>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "plugin/contract/Invoice.h"
@@ -93,23 +94,36 @@ TEST(ModuleFile, needsNothingThatTheProcessDoesNotHave) {
 }
 
 TEST(ModuleFile, registersItsMetaClassesWhileItIsLoaded) {
-  const char* const kinds[] = {"ItemDataStringEntry", "ItemDataDateEntry", "ItemDataComboEntry"};
+  const std::pair<const char*, const FXMetaClass*> classes[] = {
+      {"ItemDataStringEntry", &FXObject::metaClass},
+      {"ItemDataDateEntry", &FXObject::metaClass},
+      {"ItemDataComboEntry", &FXObject::metaClass},
+      {"ItemDataTable", &FXTable::metaClass},
+      {"ItemDataDialog", &FXDialogBox::metaClass},
+      {"ItemDataSettingsPanel", &FXDialogBox::metaClass},
+      {"ItemDataAssociationPanel", &FXVerticalFrame::metaClass},
+      {"FXExt::FXComboBox", &FXComboBox::metaClass},
+      {"FXDatePickerLabel", &FXLabel::metaClass},
+      {"FXDatePicker", &FXVerticalFrame::metaClass},
+      {"FXDateInput", &FXPacker::metaClass},
+      {"FXDualList", &FXHorizontalFrame::metaClass},
+  };
   for (int turn = 1; turn <= 2; ++turn) {
     ASSERT_FALSE(isMapped());
-    for (const char* kind : kinds) EXPECT_EQ(FXMetaClass::getMetaClassFromName(kind), nullptr) << kind;
+    for (const auto& [name, base] : classes) EXPECT_EQ(FXMetaClass::getMetaClassFromName(name), nullptr) << name;
     {
       const LoadedModule module;
       ASSERT_TRUE(isMapped());
-      for (const char* kind : kinds) {
-        const FXMetaClass* metaClass = FXMetaClass::getMetaClassFromName(kind);
-        ASSERT_NE(metaClass, nullptr) << kind;
-        EXPECT_STREQ(metaClass->getClassName(), kind);
-        EXPECT_EQ(metaClass->getBaseClass(), &FXObject::metaClass);
+      for (const auto& [name, base] : classes) {
+        const FXMetaClass* metaClass = FXMetaClass::getMetaClassFromName(name);
+        ASSERT_NE(metaClass, nullptr) << name;
+        EXPECT_STREQ(metaClass->getClassName(), name);
+        EXPECT_EQ(metaClass->getBaseClass(), base) << name;
       }
     }
     EXPECT_FALSE(isMapped()) << "it stays in memory after it was unloaded";
   }
-  for (const char* kind : kinds) EXPECT_EQ(FXMetaClass::getMetaClassFromName(kind), nullptr) << kind;
+  for (const auto& [name, base] : classes) EXPECT_EQ(FXMetaClass::getMetaClassFromName(name), nullptr) << name;
 }
 
 /// A company in which product 1 asks for "Szín" on outgoing documents.

@@ -65,6 +65,14 @@ TEST(Message, ownsItsEvents) {
   EXPECT_EQ(living, 0);
 }
 
+TEST(Message, leavesItsCheckActionToSomebodyElse) {
+  // What an action is, nobody but its owner knows.
+  FXObject owned;
+  auto* action = reinterpret_cast<MessageCheckAction*>(&owned);
+  const Message message("key", 1, "", "", nullptr, nullptr, action);
+  EXPECT_EQ(message.getCheckAction(), action);
+}
+
 TEST(Message, deletesTheSecondEventThatIsReplaced) {
   int living = 0;
   Message message("key", 1, "", "", nullptr, nullptr, nullptr);

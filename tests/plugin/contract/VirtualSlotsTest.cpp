@@ -9,10 +9,25 @@
 #include <type_traits>
 #include <vector>
 
+#include "fxext/FXComboBox.h"
+#include "fxext/FXDateInput.h"
+#include "fxext/FXDatePicker.h"
+#include "fxext/FXDatePickerHoliday.h"
+#include "fxext/FXDatePickerLabel.h"
+#include "fxext/FXDualList.h"
+#include "fxext/FXPair.h"
+#include "itemdata/ItemDataComboEntry.h"
+#include "itemdata/ItemDataDateEntry.h"
 #include "itemdata/ItemDataEntry.h"
 #include "itemdata/ItemDataList.h"
+#include "itemdata/ItemDataListLoader.h"
+#include "itemdata/ItemDataPluginList.h"
+#include "itemdata/ItemDataStringEntry.h"
 #include "plugin/InvoiceCheck.h"
 #include "plugin/InvoiceItemMenu.h"
+#include "plugin/InvoiceItemPlugin.h"
+#include "plugin/ItemDataContainer.h"
+#include "plugin/Model.h"
 #include "plugin/RepairItemDataMessageEvent.h"
 #include "plugin/contract/DBTable.h"
 #include "plugin/contract/Database.h"
@@ -30,6 +45,14 @@
 #include "plugin/contract/Statement.h"
 #include "plugin/contract/Tarnwell.h"
 #include "plugin/contract/XMLBuilder.h"
+#include "ui/ItemDataAssociationPanel.h"
+#include "ui/ItemDataAssociationPanelHandler.h"
+#include "ui/ItemDataAssociationPanelPlugin.h"
+#include "ui/ItemDataDialog.h"
+#include "ui/ItemDataSettingsPanel.h"
+#include "ui/ItemDataSettingsPersister.h"
+#include "ui/ItemDataTable.h"
+#include "ui/ItemDataVariable.h"
 
 using namespace FX;
 
@@ -179,6 +202,14 @@ TEST(VirtualSlots, ofTheSettingsBoxAreThoseOfTheToolkitsDialogBox) {
   EXPECT_EQ(slotOf(&Plugin::UI::PluginSettingsDialogBox::getContentFrame), -1);
 }
 
+TEST(VirtualSlots, ofAnEditableTable) {
+  EXPECT_EQ(slotOf(&DBTable::getRowLoader), slotCount<FXTable>());
+  EXPECT_EQ(slotCount<DBTable>(), slotCount<FXTable>() + 1);
+  EXPECT_EQ(slotOf(&DBTable::setColumnType), -1);
+  EXPECT_EQ(slotOf(&DBTable::setColumnValues), -1);
+  EXPECT_EQ(slotOf(&DBTable::saveToDB), -1);
+}
+
 TEST(VirtualSlots, ofATablesPersister) {
   EXPECT_EQ((Slots{slotOf(&DBTablePersister::updateItem), slotOf(&DBTablePersister::deleteItem),
                    slotOf(&DBTablePersister::insertItem), slotOf(&DBTablePersister::getColName)}),
@@ -246,6 +277,15 @@ TEST(VirtualSlots, ofItemDataEntry) {
   EXPECT_EQ(slotCount<ItemDataEntry>(), 23);
 }
 
+TEST(VirtualSlots, ofTheFieldKindsAreThoseOfAnEntry) {
+  using namespace Plugin::ItemData;
+  EXPECT_EQ(slotCount<ItemDataStringEntry>(), slotCount<ItemDataEntry>());
+  EXPECT_EQ(slotCount<ItemDataDateEntry>(), slotCount<ItemDataEntry>());
+  EXPECT_EQ(slotCount<ItemDataComboEntry>(), slotCount<ItemDataEntry>());
+  EXPECT_EQ(slotOf(&ItemDataPluginList::getByType), -1);
+  EXPECT_EQ(slotCount<ItemDataPluginList>(), slotCount<FXObjectList>());
+}
+
 TEST(VirtualSlots, ofItemDataListAreThoseOfItsBase) {
   using Plugin::ItemData::ItemDataList;
   EXPECT_EQ(slotOf(&ItemDataList::clone), 8);
@@ -257,7 +297,19 @@ TEST(VirtualSlots, ofItemDataListAreThoseOfItsBase) {
 TEST(VirtualSlots, ofTheModulesHooksAreThoseOfTheirBases) {
   using Plugin::ItemData::InvoiceCheck;
   using Plugin::ItemData::InvoiceItemMenu;
+  using Plugin::ItemData::InvoiceItemPlugin;
+  using Plugin::ItemData::ItemDataContainer;
   using Plugin::ItemData::RepairItemDataMessageEvent;
+  EXPECT_EQ((Slots{slotOf(&ItemDataContainer::getIcon16), slotOf(&ItemDataContainer::init),
+                   slotOf(&ItemDataContainer::onSettings), slotOf(&ItemDataContainer::onHasSettings)}),
+            (Slots{8, 11, 13, 14}));
+  EXPECT_EQ(slotCount<ItemDataContainer>(), slotCount<Plugin::PluginContainer>());
+  EXPECT_EQ((Slots{slotOf<int (InvoiceItemPlugin::*)(Entity*) const>(&InvoiceItemPlugin::load),
+                   slotOf<int (InvoiceItemPlugin::*)(Entity*) const>(&InvoiceItemPlugin::save),
+                   slotOf(&InvoiceItemPlugin::canHandle), slotOf(&InvoiceItemPlugin::toXml),
+                   slotOf(&InvoiceItemPlugin::toString)}),
+            (Slots{9, 10, 12, 13, 16}));
+  EXPECT_EQ(slotCount<InvoiceItemPlugin>(), slotCount<Plugin::EntityPlugin>());
   EXPECT_EQ(slotOf(&InvoiceCheck::checkInvoice), 9);
   EXPECT_EQ(slotCount<InvoiceCheck>(), slotCount<Plugin::InvoiceCheckPlugin>());
   EXPECT_EQ(slotOf(&InvoiceItemMenu::onCmdMenuItem), 9);
@@ -265,6 +317,65 @@ TEST(VirtualSlots, ofTheModulesHooksAreThoseOfTheirBases) {
   EXPECT_EQ(slotCount<InvoiceItemMenu>(), slotCount<Plugin::InvoiceItemMenuPlugin>());
   EXPECT_EQ(slotOf(&RepairItemDataMessageEvent::execute), 0);
   EXPECT_EQ(slotCount<RepairItemDataMessageEvent>(), slotCount<MessageEvent>());
+}
+
+TEST(VirtualSlots, ofTheModulesTablesAreThoseOfTheirBase) {
+  using namespace Plugin::ItemData::Model;
+  EXPECT_EQ(slotOf(&BaseItemData::init), 8);
+  for (const int count : {slotCount<InvoiceItemData>(), slotCount<ItemVariable>(), slotCount<BaseItemData>(),
+                          slotCount<ProductItemData>(), slotCount<SuiteItemData>(), slotCount<ServiceItemData>()})
+    EXPECT_EQ(count, slotCount<Quillane::Model::Table>());
+}
+
+TEST(VirtualSlots, ofTheModulesCellsAndLoadersAreThoseOfTheirBases) {
+  using namespace Plugin::ItemData;
+  EXPECT_EQ(slotCount<ItemDataEntryTableItem>(), slotCount<FXTableItem>());
+  EXPECT_EQ(slotCount<ItemDataComboEntry::ItemDataTableComboItem>(), slotCount<FXComboTableItem>());
+  EXPECT_EQ(slotOf(&ItemDataListLoader::processValue), 0);
+  EXPECT_EQ(slotCount<ItemDataListLoader>(), slotCount<DataBaseValueLoader>());
+}
+
+TEST(VirtualSlots, ofTheModulesWindowsAreThoseOfTheirBases) {
+  using namespace Plugin::ItemData;
+  EXPECT_EQ(slotCount<ItemDataDialog>(), slotCount<FXDialogBox>());
+  EXPECT_EQ(slotCount<Plugin::ItemData::UI::ItemDataTable>(), slotCount<FXTable>());
+  EXPECT_EQ(slotCount<ItemDataSettingsPanel>(), slotCount<Plugin::UI::PluginSettingsDialogBox>());
+  EXPECT_EQ(slotCount<Plugin::ItemData::UI::ItemDataAssociationPanel>(), slotCount<FXVerticalFrame>());
+  EXPECT_EQ(slotCount<Plugin::ItemData::UI::ItemDataVariable>(), kObjectSlots);
+}
+
+TEST(VirtualSlots, ofTheSettingsPersisterAreThoseOfItsBase) {
+  using Plugin::ItemData::ItemDataSettingsPersister;
+  EXPECT_EQ((Slots{slotOf(&ItemDataSettingsPersister::updateItem), slotOf(&ItemDataSettingsPersister::deleteItem),
+                   slotOf(&ItemDataSettingsPersister::insertItem), slotOf(&ItemDataSettingsPersister::getColName)}),
+            (Slots{2, 3, 4, 5}));
+  EXPECT_EQ(slotCount<ItemDataSettingsPersister>(), slotCount<DBTablePersister>());
+}
+
+TEST(VirtualSlots, ofThePanelsProviderAndHandlersAreThoseOfTheirBases) {
+  namespace Association = Plugin::ItemData::ItemDataAssociationPanel;
+  using ProductHandler = Association::Handler<ProductDataWindow>;
+  EXPECT_EQ((Slots{slotOf(&Association::Plugin::acceptWindow), slotOf(&Association::Plugin::getHandler)}),
+            (Slots{9, 10}));
+  EXPECT_EQ(slotCount<Association::Plugin>(), slotCount<Plugin::PanelProvider::Plugin>());
+  EXPECT_EQ((Slots{slotOf(&ProductHandler::createGUI), slotOf(&ProductHandler::getPanelName),
+                   slotOf(&ProductHandler::onOKButton)}),
+            (Slots{10, 11, 12}));
+  for (const int count : {slotCount<ProductHandler>(), slotCount<Association::Handler<SuiteDataWindow>>(),
+                          slotCount<Association::Handler<ServiceDataWindow>>()})
+    EXPECT_EQ(count, slotCount<Plugin::PanelProvider::Handler>());
+}
+
+TEST(VirtualSlots, ofTheToolkitsExtensionsAreThoseOfTheirBases) {
+  EXPECT_EQ(slotCount<FXExt::FXComboBox>(), slotCount<FX::FXComboBox>());
+  EXPECT_EQ(slotCount<FXExt::FXDateInput>(), slotCount<FXPacker>());
+  EXPECT_EQ(slotCount<FXExt::FXDatePicker>(), slotCount<FXVerticalFrame>());
+  EXPECT_EQ(slotCount<FXExt::FXDatePickerLabel>(), slotCount<FXLabel>());
+  EXPECT_EQ(slotCount<FXExt::FXDualList>(), slotCount<FXHorizontalFrame>());
+  EXPECT_EQ((slotCount<FXExt::FXPair<FXString, int>>()), kObjectSlots);
+
+  EXPECT_EQ(slotOf(&FXExt::FXDatePickerHoliday::isHoliday), 0);
+  EXPECT_EQ(slotCount<FXExt::FXDatePickerHoliday>(), 3) << "the destructor follows";
 }
 
 }  // namespace
