@@ -208,6 +208,26 @@ TEST_F(ComboBox, marksTheFoundItemInTheList) {
   EXPECT_EQ(list.getCurrentItem(), 2);
 }
 
+/// Writes down what a list tells of its selection.
+class SelectionListener : public FXObject {
+ public:
+  long handle(FXObject*, FXSelector sel, void* ptr) override {
+    const std::string item = std::to_string(reinterpret_cast<FXival>(ptr));
+    if (FXSELTYPE(sel) == SEL_SELECTED) heard.push_back("selected " + item);
+    if (FXSELTYPE(sel) == SEL_DESELECTED) heard.push_back("deselected " + item);
+    return 0;
+  }
+  std::vector<std::string> heard;
+};
+
+TEST_F(ComboBox, tellsOfTheListsSelectionWhenItMarksTheFoundItem) {
+  SelectionListener listener;
+  combo->getList().selectItem(0);
+  combo->getList().setTarget(&listener);
+  type("B");
+  EXPECT_THAT(listener.heard, ElementsAre("deselected 0", "selected 2"));
+}
+
 TEST_F(ComboBox, remembersTheTypedPrefixWithoutAList) {
   combo->takeListAway();
   EXPECT_EQ(type("B"), 1);

@@ -150,6 +150,27 @@ TEST_F(ComboBoxWindow, searchesAlsoWhileItsListIsDown) {
   EXPECT_EQ(value, "Korte");
 }
 
+// Also when the found item is the current one already.
+TEST_F(ComboBoxWindow, scrollsItsListToTheFoundItem) {
+  combo->fillItems(FXString("Dinnye\nEper\nFuge\nMalna\nRibizli\nSzeder\nZab"));
+  const FXint last = combo->getNumItems() - 1;
+  store("Zab");
+  click(*combo->getFirst());
+  ASSERT_SOON(combo->isPaneShown());
+  const FXList* list = nullptr;
+  for (FXWindow* pane = window->getRoot()->getFirst(); pane; pane = pane->getNext()) {
+    if (pane->shown() && dynamic_cast<FXPopup*>(pane)) list = dynamic_cast<FXList*>(pane->getFirst());
+  }
+  ASSERT_NE(list, nullptr);
+  ASSERT_SOON(isOnScreen(*list));
+  ASSERT_FALSE(list->isItemVisible(last));
+  typeKey("Z");
+  EXPECT_SOON(list->isItemVisible(last));
+  EXPECT_EQ(combo->getCurrentItem(), last);
+  click(*combo->getFirst());
+  EXPECT_SOON(!combo->isPaneShown());
+}
+
 TEST_F(ComboBoxWindow, ignoresKeysWhileDisabled) {
   typeKey("B");
   EXPECT_SOON(value == "Barack");

@@ -189,6 +189,11 @@ TEST_F(DateInput, isAsHighAsItsHighestPart) {
   EXPECT_EQ(input->getDefaultHeight(), button->getDefaultHeight() + 2);
 }
 
+TEST_F(DateInput, isAsWideAsAPackerOfItsParts) {
+  EXPECT_GT(input->getDefaultWidth(), field->getDefaultWidth());
+  EXPECT_EQ(input->getDefaultWidth(), input->FXPacker::getDefaultWidth());
+}
+
 TEST_F(DateInput, putsTheButtonRightOfTheField) {
   input->position(10, 20, 200, 30);
   input->layout();

@@ -180,6 +180,27 @@ TEST_F(DatePicker, givesItsPartsTheirMessagesAndOptions) {
   EXPECT_EQ(highest, 2900);
 }
 
+TEST_F(DatePicker, givesItsPartsTheirPaddingsAndWidths) {
+  std::vector<FXLabel*> labels = {picker->getYearButton(), picker->getMonthLabel()};
+  const FXWindow* grid = picker->getLast();
+  for (int column = 0; column < 7; ++column) labels.push_back(static_cast<FXLabel*>(grid->childAtIndex(column)));
+  for (int index = 0; index < 42; ++index) labels.push_back(picker->getCell(index));
+  for (const FXLabel* label : labels) {
+    EXPECT_THAT(
+        (std::vector<int>{label->getPadLeft(), label->getPadRight(), label->getPadTop(), label->getPadBottom()}),
+        ElementsAre(2, 2, 2, 2))
+        << label->getText().text();
+  }
+  const auto* field = static_cast<FXTextField*>(picker->getYearSpinner()->getFirst());
+  EXPECT_THAT((std::vector<int>{field->getPadLeft(), field->getPadRight(), field->getPadTop(), field->getPadBottom()}),
+              ElementsAre(2, 2, 2, 2));
+  const auto* monthRow = static_cast<FXHorizontalFrame*>(picker->getMonthLabel()->getParent());
+  EXPECT_EQ(monthRow->getHSpacing(), 4);
+  EXPECT_EQ(monthRow->getVSpacing(), 4);
+  for (int index = 0; index < 42; ++index)
+    EXPECT_EQ(picker->getCell(index)->getWidth(), toolkitApplication().getNormalFont()->getTextWidth("30", 2));
+}
+
 TEST_F(DatePicker, takesItsColoursFromTheApplication) {
   FXApp& application = toolkitApplication();
   application.setSelMenuBackColor(FXRGB(1, 2, 3));

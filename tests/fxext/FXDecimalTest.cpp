@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
+#include <cstddef>
 #include <random>
 #include <string>
 #include <type_traits>
@@ -23,6 +24,8 @@ __extension__ typedef __int128 Wide;
 static_assert(std::is_trivially_copyable_v<FXDecimal>, "copied member-wise, without a destructor of its own");
 static_assert(!std::is_polymorphic_v<FXDecimal>);
 static_assert(std::is_standard_layout_v<FXDecimal> && sizeof(FXDecimal) == 16);
+static_assert(offsetof(FXDecimal, value) == 0 && offsetof(FXDecimal, exponent) == 8 &&
+              offsetof(FXDecimal, precision) == 9 && offsetof(FXDecimal, unset) == 10);
 
 // An integer argument of any width takes the integer overload.
 static_assert(std::is_same_v<decltype(FXDecimal() - 1), FXDecimal>);

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <type_traits>
 #include <vector>
 
 using namespace FX;
@@ -12,6 +13,8 @@ using FXExt::FXStringIterator;
 using testing::ElementsAre;
 
 namespace {
+
+static_assert(!std::is_polymorphic_v<FXStringIterator>);
 
 std::vector<std::string> fields(const FXString& text, char separator, int startIndex = 0) {
   std::vector<std::string> found;
