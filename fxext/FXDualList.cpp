@@ -45,6 +45,22 @@ constexpr FXuint kDownArrowOptions = FRAME_RAISED | FRAME_THICK | ARROW_DOWN;
 static_assert(kRightArrowOptions == 0x406000 && kLeftArrowOptions == 0x206000, "raised, thick, to the sides");
 static_assert(kUpArrowOptions == 0x86000 && kDownArrowOptions == 0x106000, "raised, thick, up and down");
 
+/// The toolkit's arrow does not show that it has the keyboard.
+class Arrow : public FXArrowButton {
+ public:
+  using FXArrowButton::FXArrowButton;
+
+  void setFocus() override {
+    FXArrowButton::setFocus();
+    setBackColor(getApp()->getHiliteColor());
+  }
+
+  void killFocus() override {
+    FXArrowButton::killFocus();
+    setBackColor(getApp()->getBaseColor());
+  }
+};
+
 /// Makes a column with its title. Returns the row below the title, for the list and its buttons.
 FXComposite* createColumn(FXComposite* container, const FXString& title) {
   auto* column = new FXVerticalFrame(container, kFillOptions, 0, 0, 0, 0, 0, 0, 0, 0, kColumnSpacing, kColumnSpacing);
@@ -65,8 +81,8 @@ FXComposite* createButtonColumn(FXComposite* row) {
 }
 
 void createArrow(FXComposite* column, FXObject* receiver, FXSelector selector, FXuint opts) {
-  auto* arrow = new FXArrowButton(column, receiver, selector, opts, 0, 0, 0, 0, kArrowPadding, kArrowPadding,
-                                  kArrowPadding, kArrowPadding);
+  auto* arrow = new Arrow(column, receiver, selector, opts, 0, 0, 0, 0, kArrowPadding, kArrowPadding, kArrowPadding,
+                          kArrowPadding);
   arrow->setArrowSize(kArrowSize);
 }
 

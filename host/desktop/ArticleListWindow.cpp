@@ -3,6 +3,7 @@
 
 #include <libintl.h>
 
+#include "host/windows/TabStrip.h"
 #include "plugin/contract/Invoice.h"
 
 using namespace FX;
@@ -39,7 +40,7 @@ ArticleListWindow::ArticleListWindow(FXWindow* ownerWindow, TarnwellDatabase& da
 
 void ArticleListWindow::createTabs() {
   getHead()->show();
-  tabs = new FXTabBar(getHead(), this, ID_KIND, TABBOOK_NORMAL | LAYOUT_FILL_X, 0, 0, 0, 0, 0, 0, 0, 0);
+  tabs = new Host::TabStrip(getHead(), this, ID_KIND, TABBOOK_NORMAL | LAYOUT_FILL_X);
   for (const char* label : {dgettext("quillane", "&Termékek"), dgettext("quillane", "&Szolgáltatások"),
                             dgettext("quillane", "&Csomagok")}) {
     auto* tab = new FXTabItem(tabs, label);

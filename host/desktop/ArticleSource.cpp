@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "host/document/NumberText.h"
+#include "host/windows/LabelText.h"
 #include "plugin/contract/Forms.h"
 
 using namespace FX;
@@ -56,7 +57,7 @@ bool ArticleSource::change(FXWindow* owner, int id) {
   Host::Article article;
   FXString error;
   if (!Host::ArticleStore(database).load(kind, id, article, error)) {
-    FXMessageBox::error(owner, MBOX_OK, dgettext("quillane", "Cikk"), "%s", error.text());
+    FXMessageBox::error(owner, MBOX_OK, dgettext("quillane", "Cikk"), "%s", Host::messageText(error).text());
     return false;
   }
   return ArticleDataWindow::make(owner, database, article, icons.get(Host::Icon::ARTICLES), providers)->execute() != 0;

@@ -5,7 +5,7 @@
 
 #include "host/desktop/ProgressDialog.h"
 #include "host/desktop/ReportDialog.h"
-#include "host/desktop/WrappedText.h"
+#include "host/windows/LabelText.h"
 
 using namespace FX;
 
@@ -37,9 +37,9 @@ void BatchRun::tellRefusals(const DocumentBatch& batch, int count, bool stopped)
   const FXString summary =
       FXStringFormat(translate(stopped ? activity.stopped : activity.refused), batch.countDone(), count);
   if (refusals.empty()) {
-    FXMessageBox::information(owner, MBOX_OK, translate(activity.title), "%s", wrapText(summary).text());
+    FXMessageBox::information(owner, MBOX_OK, translate(activity.title), "%s", Host::messageText(summary).text());
   } else if (count == 1) {
-    FXMessageBox::error(owner, MBOX_OK, translate(activity.title), "%s", wrapText(refusals.front()).text());
+    FXMessageBox::error(owner, MBOX_OK, translate(activity.title), "%s", Host::messageText(refusals.front()).text());
   } else {
     ReportDialog(owner, translate(activity.title), summary, refusals, icon).execute(PLACEMENT_OWNER);
   }

@@ -3,6 +3,8 @@
 
 #include <libintl.h>
 
+#include "host/windows/LabelText.h"
+
 using namespace FX;
 
 namespace Quillane::Desktop {
@@ -30,7 +32,8 @@ DeriveDialog::DeriveDialog(FXWindow* ownerWindow, const FXString& sourceName, co
                   0, kPadding, kPadding, kPadding, kPadding, 0, 0) {
   auto* content = new FXVerticalFrame(this, LAYOUT_FILL_X | LAYOUT_FILL_Y, 0, 0, 0, 0, 0, 0, 0, 0, 0, kSpacing);
   new FXLabel(content,
-              FXStringFormat(dgettext("quillane", "Ebből a bizonylatból készül az új:\n%s"), sourceName.text()),
+              FXStringFormat(dgettext("quillane", "Ebből a bizonylatból készül az új:\n%s"),
+                             Host::labelText(sourceName).text()),
               nullptr, JUSTIFY_LEFT | LAYOUT_FILL_X);
   new FXLabel(content, dgettext("quillane", "&Mi készüljön belőle?"), nullptr, JUSTIFY_LEFT | LAYOUT_FILL_X);
   createList(content, choices);

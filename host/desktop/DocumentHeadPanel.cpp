@@ -7,6 +7,7 @@
 #include "host/desktop/PartnerPicker.h"
 #include "host/document/DocumentRules.h"
 #include "host/document/IssueDate.h"
+#include "host/windows/LabelText.h"
 
 using namespace FX;
 
@@ -136,7 +137,7 @@ bool DocumentHeadPanel::requireDate() {
   FXString date;
   FXString error;
   if (Host::parseIssueDate(issueDate->getText(), date, error)) return true;
-  FXMessageBox::error(getShell(), MBOX_OK, dgettext("quillane", "Kelt"), "%s", error.text());
+  FXMessageBox::error(getShell(), MBOX_OK, dgettext("quillane", "Kelt"), "%s", Host::messageText(error).text());
   if (issueDate->id()) issueDate->setFocus();
   issueDate->selectAll();
   return false;

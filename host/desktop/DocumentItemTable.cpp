@@ -5,7 +5,6 @@
 
 #include <algorithm>
 
-#include "host/desktop/WrappedText.h"
 #include "host/document/NumberText.h"
 
 using namespace FX;
@@ -14,9 +13,10 @@ namespace Quillane::Desktop {
 
 FXDEFMAP(DocumentItemTable)
 documentItemTableMap[] = {
+    FXMAPFUNC(SEL_MOTION, 0, DocumentItemTable::onMotion),
     FXMAPFUNC(SEL_QUERY_TIP, 0, DocumentItemTable::onQueryTip),
 };
-static_assert(ARRAYNUMBER(documentItemTableMap) == 1);
+static_assert(ARRAYNUMBER(documentItemTableMap) == 2);
 
 FXIMPLEMENT(DocumentItemTable, InvoiceItemTable, documentItemTableMap, ARRAYNUMBER(documentItemTableMap))
 
@@ -91,7 +91,7 @@ void DocumentItemTable::layout() {
   InvoiceItemTable::layout();
   FXint others = 0;
   for (FXint column = 0; column < ATTACHED_DATA; ++column) others += getColumnWidth(column);
-  const FXint room = std::max(getViewportWidth() - others - kGridWidth, kLeastWidth);
+  const FXint room = std::max(viewport_w - others - kGridWidth, kLeastWidth);
   if (room == getColumnWidth(ATTACHED_DATA)) return;
   setColumnWidth(ATTACHED_DATA, room);
   InvoiceItemTable::layout();
@@ -132,23 +132,12 @@ void DocumentItemTable::showItem(const DocumentSession& session, int row) {
   }
 }
 
-FXString DocumentItemTable::getCutOffText(int row, int column) const {
-  if (row < 0 || row >= getNumRows() || column < 0 || column >= getNumColumns()) return FXString::null;
-  const FXString text = getItemText(row, column);
-  const bool fits = getFont()->getTextWidth(text) + 2 * kCellMargin <= getColumnWidth(column);
-  return fits ? FXString::null : text;
+long DocumentItemTable::onMotion(FXObject* sender, FXSelector selector, void* ptr) {
+  const long asksAnew = tip.onMotion(*this, *static_cast<FXEvent*>(ptr));
+  return InvoiceItemTable::onMotion(sender, selector, ptr) || asksAnew;
 }
 
-long DocumentItemTable::onQueryTip(FXObject* sender, FXSelector, void*) {
-  FXint x = 0;
-  FXint y = 0;
-  FXuint buttons = 0;
-  getCursorPosition(x, y, buttons);
-  FXString text = wrapText(getCutOffText(rowAtY(y), colAtX(x)));
-  if (text.empty()) return 0;
-  sender->handle(this, FXSEL(SEL_COMMAND, ID_SETSTRINGVALUE), &text);
-  return 1;
-}
+long DocumentItemTable::onQueryTip(FXObject* sender, FXSelector, void*) { return tip.onQueryTip(*this, sender); }
 
 int DocumentItemTable::getCurrentItemIndex() const {
   const FXint row = getCurrentRow();

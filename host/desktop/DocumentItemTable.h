@@ -3,6 +3,7 @@
 #include <fx.h>
 
 #include "host/desktop/DocumentSession.h"
+#include "host/windows/CutOffTip.h"
 #include "plugin/contract/Forms.h"
 
 namespace Quillane::Desktop {
@@ -26,13 +27,11 @@ class DocumentItemTable : public InvoiceItemTable {
   /// The index of the current item, -1 when there is none.
   int getCurrentItemIndex() const;
 
-  /// The text of a cell that is too narrow for it; empty when all of it can be read, or when there is no such cell.
-  FX::FXString getCutOffText(int row, int column) const;
-
   /// Gives the last column what room the others leave.
   void layout() override;
 
-  /// Shows what is cut off of the cell below the pointer.
+  /// These show what is cut off of the cell below the pointer.
+  long onMotion(FX::FXObject* sender, FX::FXSelector selector, void* data);
   long onQueryTip(FX::FXObject* sender, FX::FXSelector selector, void* data);
 
   DocumentItemTable(const DocumentItemTable&) = delete;
@@ -43,6 +42,8 @@ class DocumentItemTable : public InvoiceItemTable {
 
  private:
   void showItem(const DocumentSession& session, int row);
+
+  Host::CutOffTip tip;
 };
 
 }  // namespace Quillane::Desktop

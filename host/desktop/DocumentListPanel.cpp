@@ -5,8 +5,8 @@
 
 #include <algorithm>
 
-#include "host/desktop/WrappedText.h"
 #include "host/document/NumberText.h"
+#include "host/windows/LabelText.h"
 
 using namespace FX;
 
@@ -141,7 +141,7 @@ bool DocumentListPanel::search(FXString& error) {
 void DocumentListPanel::searchAndTell() {
   FXString error;
   if (!search(error)) {
-    FXMessageBox::error(this, MBOX_OK, dgettext("quillane", "Keresés"), "%s", wrapText(error).text());
+    FXMessageBox::error(this, MBOX_OK, dgettext("quillane", "Keresés"), "%s", Host::messageText(error).text());
   }
   if (target) target->tryHandle(this, FXSEL(SEL_CHANGED, message), nullptr);
 }

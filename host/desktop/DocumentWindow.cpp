@@ -15,12 +15,13 @@
 #include "host/desktop/DocumentHeadPanel.h"
 #include "host/desktop/DocumentItemTable.h"
 #include "host/desktop/ItemDialog.h"
+#include "host/desktop/MenuBar.h"
 #include "host/desktop/MessageListPanel.h"
 #include "host/desktop/UnsavedChangesDialog.h"
-#include "host/desktop/WrappedText.h"
 #include "host/desktop/XmlFile.h"
 #include "host/document/DocumentRules.h"
 #include "host/document/NumberText.h"
+#include "host/windows/LabelText.h"
 #include "plugin/contract/PanelProvider.h"
 #include "plugin/contract/PluginContainer.h"
 
@@ -212,7 +213,7 @@ void DocumentWindow::create() {
 // ---- what it is made of ----
 
 void DocumentWindow::createMenus() {
-  menuBar = new FXMenuBar(this, LAYOUT_SIDE_TOP | LAYOUT_FILL_X);
+  menuBar = new MenuBar(this);
   createDocumentMenu();
   createItemMenu();
 }
@@ -364,11 +365,12 @@ void DocumentWindow::showSum() {
 void DocumentWindow::tell(const FXString& text) { statusBar->getStatusLine()->setNormalText(text); }
 
 void DocumentWindow::tellError(const FXString& text) {
-  FXMessageBox::error(this, MBOX_OK, dgettext("quillane", "Hiba"), "%s", wrapText(text).text());
+  FXMessageBox::error(this, MBOX_OK, dgettext("quillane", "Hiba"), "%s", Host::messageText(text).text());
 }
 
 bool DocumentWindow::ask(const char* subject, const FXString& question) {
-  return FXMessageBox::question(this, MBOX_YES_NO, subject, "%s", wrapText(question).text()) == MBOX_CLICKED_YES;
+  return FXMessageBox::question(this, MBOX_YES_NO, subject, "%s", Host::messageText(question).text()) ==
+         MBOX_CLICKED_YES;
 }
 
 void DocumentWindow::checkAll() {
@@ -468,6 +470,10 @@ bool DocumentWindow::discardChanges() {
   showDocument(row);
   checkAll();
   return true;
+}
+
+void DocumentWindow::refresh() {
+  if (!closing && session.isStored() && !isChanged()) discardChanges();
 }
 
 /// Whether the document is stored as it is shown, after what the user answered to that.

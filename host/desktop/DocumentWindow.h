@@ -66,6 +66,9 @@ class DocumentWindow : public InvoiceForm {
   /// Whether anything is not stored yet.
   bool isChanged() const { return session.isChanged(); }
 
+  /// Loads the stored document anew, when nothing of it was changed: what it is made of may have changed meanwhile.
+  void refresh();
+
   /// Closes the window: unsaved changes are asked about, the document and the findings about it go, the workplace is
   /// told, and the window deletes itself when the event is over. False when the user stays.
   bool closeDocument();

@@ -5,7 +5,7 @@
 
 #include <memory>
 
-#include "host/desktop/WrappedText.h"
+#include "host/windows/LabelText.h"
 
 using namespace FX;
 
@@ -49,7 +49,8 @@ bool FilePicker::askTarget(FXString& file) const {
   if (!ask(file, SELECTFILE_ANY)) return false;
   if (!FXStat::exists(file)) return true;
   const FXString question = FXStringFormat(dgettext("quillane", "Már van ilyen fájl: %s. Felülírja?"), file.text());
-  return FXMessageBox::question(owner, MBOX_YES_NO, heading, "%s", wrapText(question).text()) == MBOX_CLICKED_YES;
+  return FXMessageBox::question(owner, MBOX_YES_NO, heading, "%s", Host::messageText(question).text()) ==
+         MBOX_CLICKED_YES;
 }
 
 }  // namespace Quillane::Desktop

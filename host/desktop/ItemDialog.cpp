@@ -6,6 +6,7 @@
 
 #include "host/document/NumberText.h"
 #include "host/document/TypedNumber.h"
+#include "host/windows/LabelText.h"
 #include "plugin/contract/Invoice.h"
 
 using namespace FX;
@@ -143,7 +144,7 @@ void ItemDialog::readArticles() {
   const bool hasArticles = input.articleKind != InvoiceItem::ARTICLE_NONE;
   source->setKind(input.articleKind);
   if (hasArticles && !source->read(rows, error))
-    FXMessageBox::error(getOwner(), MBOX_OK, getTitle().text(), "%s", error.text());
+    FXMessageBox::error(getOwner(), MBOX_OK, getTitle().text(), "%s", Host::messageText(error).text());
   reading = true;
   articles->setRows(std::move(rows));
   if (input.articleId > 0 && !articles->setCurrentId(input.articleId)) articles->getList()->killSelection();
@@ -235,7 +236,7 @@ void ItemDialog::goTo(FXTextField& field) {
 }
 
 bool ItemDialog::refuse(FXTextField& field, const FXString& reason) {
-  FXMessageBox::error(this, MBOX_OK, getTitle().text(), "%s", reason.text());
+  FXMessageBox::error(this, MBOX_OK, getTitle().text(), "%s", Host::messageText(reason).text());
   goTo(field);
   return false;
 }

@@ -16,12 +16,14 @@
 #include "host/desktop/DocumentBatch.h"
 #include "host/desktop/DocumentWindow.h"
 #include "host/desktop/FilePicker.h"
+#include "host/desktop/MenuBar.h"
 #include "host/desktop/PartnerListWindow.h"
 #include "host/desktop/PluginListWindow.h"
 #include "host/desktop/ReportDialog.h"
-#include "host/desktop/WrappedText.h"
 #include "host/desktop/XmlFile.h"
 #include "host/document/DocumentRules.h"
+#include "host/windows/LabelText.h"
+#include "host/windows/Mnemonic.h"
 #include "plugin/contract/PanelProvider.h"
 
 #define N_(text) text
@@ -78,6 +80,8 @@ constexpr std::size_t kManyWindows = 10;
 
 constexpr char kWindowSection[] = "MainWindow";
 
+constexpr char kPluginsEntry[] = N_("&Bővítmények...\t\tA betöltött bővítmények és a beállításaik");
+
 constexpr char kCompanyPatterns[] = N_("Cégfájlok (*.db)\nMinden fájl (*)");
 
 constexpr BatchRun::Activity kOpening = {N_("Megnyitás"), N_("Bizonylatok megnyitása"),
@@ -99,18 +103,6 @@ const char* translate(const char* text) { return dgettext("quillane", text); }
 
 void setEnabled(FXObject* sender, bool enabled) {
   sender->handle(nullptr, FXSEL(SEL_COMMAND, enabled ? FXWindow::ID_ENABLE : FXWindow::ID_DISABLE), nullptr);
-}
-
-/// name with the mark of a mnemonic before its first letter that is not in used, to which it is added. Letters are
-/// plain ones: those with accents take more than one byte.
-FXString markMnemonic(const FXString& name, std::string& used) {
-  for (FXint i = 0; i < name.length(); ++i) {
-    const FXchar letter = Ascii::toLower(name[i]);
-    if (letter < 'a' || letter > 'z' || used.find(letter) != std::string::npos) continue;
-    used += letter;
-    return name.left(i) + "&" + name.mid(i, name.length() - i);
-  }
-  return name;
 }
 
 bool isDraft(const Host::DocumentRow& row) { return Host::DocumentRules::findFamilyOfDraft(row.status) != nullptr; }
@@ -147,7 +139,7 @@ void MainWindow::create() {
 // ---- menus, tools, status line ----
 
 void MainWindow::createMenus() {
-  FXMenuBar* bar = new FXMenuBar(this, LAYOUT_SIDE_TOP | LAYOUT_FILL_X);
+  FXMenuBar* bar = new MenuBar(this);
   createFileMenu(bar);
   createDocumentMenu(bar);
   createRecordMenu(bar);
@@ -209,9 +201,7 @@ void MainWindow::createRecordMenu(FXMenuBar* bar) {
 
 void MainWindow::createPluginMenu(FXMenuBar* bar) {
   pluginMenu = addMenu(bar, dgettext("quillane", "Bő&vítmények"));
-  lastPluginCommand = new FXMenuCommand(
-      pluginMenu, dgettext("quillane", "&Bővítmények...\t\tA betöltött bővítmények és a beállításaik"), nullptr, this,
-      ID_PLUGINS);
+  lastPluginCommand = new FXMenuCommand(pluginMenu, dgettext("quillane", kPluginsEntry), nullptr, this, ID_PLUGINS);
 }
 
 void MainWindow::createHelpMenu(FXMenuBar* bar) {
@@ -264,7 +254,7 @@ void MainWindow::fillNewDocumentMenu() {
   for (std::size_t i = 0; i < openStatuses.size(); ++i) {
     const FXString accelerator = i == 0 ? "\tCtrl+N" : "";
     FXMenuCommand* entry =
-        new FXMenuCommand(newDocumentMenu, markMnemonic(openStatuses[i].name, used) + accelerator,
+        new FXMenuCommand(newDocumentMenu, Host::markMnemonic(openStatuses[i].name, used) + accelerator,
                           icons->get(Host::Icon::NEW_DOCUMENT), this, ID_NEW_DOCUMENT + static_cast<FXuint>(i));
     if (newDocumentMenu->id()) entry->create();
   }
@@ -277,14 +267,14 @@ void MainWindow::emptyPluginMenu() {
 
 void MainWindow::fillPluginMenu() {
   emptyPluginMenu();
-  std::string used = "b";  // the letter of the command above
+  std::string used = Host::getMnemonics(dgettext("quillane", kPluginsEntry));
   const std::vector<Host::PluginLoader::Loaded>& modules = company->getPlugins().getLoaded();
   for (std::size_t i = 0; i < modules.size() && i <= ID_LAST_PLUGIN_SETTINGS - ID_PLUGIN_SETTINGS; ++i) {
     Plugin::PluginContainer& module = *modules[i].container;
     if (!PluginListWindow::hasSettings(module)) continue;
     if (!lastPluginCommand->getNext()) new FXMenuSeparator(pluginMenu);
     const FXString label =
-        FXStringFormat(dgettext("quillane", "%s beállításai..."), markMnemonic(module.getName(), used).text());
+        FXStringFormat(dgettext("quillane", "%s beállításai..."), Host::markMnemonic(module.getName(), used).text());
     new FXMenuCommand(pluginMenu, label, module.getIcon16(), this, ID_PLUGIN_SETTINGS + static_cast<FXuint>(i));
   }
   if (!pluginMenu->id()) return;
@@ -353,7 +343,7 @@ long MainWindow::onUpdNeedsCompany(FXObject* sender, FXSelector, void*) {
 // ---- talking to the user ----
 
 void MainWindow::tellError(const char* heading, const FXString& sentence) {
-  const FXString text = wrapText(sentence);
+  const FXString text = Host::messageText(sentence);
   if (shown()) {
     FXMessageBox::error(this, MBOX_OK, heading, "%s", text.text());
   } else {
@@ -367,7 +357,8 @@ void MainWindow::tellResult(const FXString& sentence) {
 }
 
 bool MainWindow::ask(const char* heading, const FXString& question) {
-  return FXMessageBox::question(this, MBOX_YES_NO, heading, "%s", wrapText(question).text()) == MBOX_CLICKED_YES;
+  return FXMessageBox::question(this, MBOX_YES_NO, heading, "%s", Host::messageText(question).text()) ==
+         MBOX_CLICKED_YES;
 }
 
 bool MainWindow::askFolder(FXString& folder) {
@@ -541,6 +532,12 @@ bool MainWindow::settleChangesOf(const std::vector<Host::DocumentRow>& rows) {
   return closeWindowsOf(changed);
 }
 
+/// Other fields may have been defined or assigned: documents that are open show them, too, unless that would cost what
+/// was typed. Those learn of them when they are stored.
+void MainWindow::refreshDocumentWindows() {
+  for (DocumentWindow* window : documentWindows) window->refresh();
+}
+
 long MainWindow::onNewDocument(FXObject*, FXSelector selector, void*) {
   const std::size_t index = FXSELID(selector) - ID_NEW_DOCUMENT;
   if (index >= openStatuses.size()) return 1;
@@ -691,11 +688,13 @@ long MainWindow::onArticles(FXObject*, FXSelector, void*) {
   ArticleListWindow(this, company->getDatabase(), *icons,
                     company->getPlugins().getHooks<Plugin::PanelProvider::Plugin>())
       .execute(PLACEMENT_OWNER);
+  refreshDocumentWindows();
   return 1;
 }
 
 long MainWindow::onPlugins(FXObject*, FXSelector, void*) {
   PluginListWindow(this, company->getPlugins(), *icons).execute(PLACEMENT_OWNER);
+  refreshDocumentWindows();
   return 1;
 }
 
@@ -704,6 +703,7 @@ long MainWindow::onPluginSettings(FXObject*, FXSelector selector, void*) {
   const std::size_t index = FXSELID(selector) - ID_PLUGIN_SETTINGS;
   if (index < modules.size() && PluginListWindow::hasSettings(*modules[index].container))
     PluginListWindow::runSettings(this, *modules[index].container);
+  refreshDocumentWindows();
   return 1;
 }
 

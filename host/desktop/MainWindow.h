@@ -145,6 +145,7 @@ class MainWindow : public FX::FXMainWindow, public Workplace {
   void bringToFront(DocumentWindow& window);
   bool closeWindowsOf(const std::vector<Host::DocumentRow>& rows);
   bool settleChangesOf(const std::vector<Host::DocumentRow>& rows);
+  void refreshDocumentWindows();
 
   void openDocuments(const std::vector<Host::DocumentRow>& rows);
   void exportOne(const Host::DocumentRow& row);

@@ -4,6 +4,7 @@
 #include <libintl.h>
 
 #include "host/windows/FieldMatrix.h"
+#include "host/windows/LabelText.h"
 
 using namespace FX;
 
@@ -61,7 +62,7 @@ long PartnerDialog::onCmdAccept(FXObject* sender, FXSelector selector, void* ptr
   typed.taxNumber = taxNumberField->getText();
   FXString error;
   if (!Host::PartnerStore(*database).save(typed, error)) {
-    FXMessageBox::error(this, MBOX_OK, getTitle().text(), "%s", error.text());
+    FXMessageBox::error(this, MBOX_OK, getTitle().text(), "%s", Host::messageText(error).text());
     if (id() != 0) setFocus();
     if (nameField->id() != 0) nameField->setFocus();
     return 1;

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "host/desktop/PartnerDialog.h"
+#include "host/windows/LabelText.h"
 
 using namespace FX;
 
@@ -50,7 +51,7 @@ bool PartnerSource::change(FXWindow* owner, int id) {
   Host::Partner partner;
   FXString error;
   if (!Host::PartnerStore(database).load(id, partner, error)) {
-    FXMessageBox::error(owner, MBOX_OK, dgettext("quillane", "Partner"), "%s", error.text());
+    FXMessageBox::error(owner, MBOX_OK, dgettext("quillane", "Partner"), "%s", Host::messageText(error).text());
     return false;
   }
   return PartnerDialog(owner, database, icons, partner).execute() != 0;

@@ -3,7 +3,8 @@
 
 #include <libintl.h>
 
-#include "host/desktop/WrappedText.h"
+#include "host/windows/LabelText.h"
+#include "host/windows/WrappedText.h"
 
 using namespace FX;
 
@@ -34,7 +35,7 @@ FXString describe(const Host::PluginLoader::Loaded& module) {
   const PluginContainer& container = *module.container;
   FXString description = container.getDescription();
   return FXStringFormat(dgettext("quillane", "%s, %s\n%s\nFájl: %s"), container.getName().text(),
-                        container.getVersion().text(), wrapText(description.trim(), kLineLength).text(),
+                        container.getVersion().text(), Host::wrapText(description.trim(), kLineLength).text(),
                         module.file.text());
 }
 
@@ -78,7 +79,8 @@ void PluginListWindow::createEntry(FXComposite* list, const Host::PluginLoader::
   auto* row = new FXHorizontalFrame(list, LAYOUT_FILL_X, 0, 0, 0, 0, 0, 0, 0, 0, kSpacing);
   FXIcon* picture = module.container->getIcon16();
   new FXLabel(row, FXString::null, picture ? picture : icons.get(Host::Icon::APPLICATION), LAYOUT_TOP | LABEL_NORMAL);
-  texts.push_back(new FXLabel(row, describe(module), nullptr, JUSTIFY_LEFT | LAYOUT_FILL_X | LAYOUT_TOP));
+  texts.push_back(
+      new FXLabel(row, Host::labelText(describe(module)), nullptr, JUSTIFY_LEFT | LAYOUT_FILL_X | LAYOUT_TOP));
   settingsButtons.push_back(nullptr);
   if (!hasSettings(*module.container) || index > ID_LAST_SETTINGS - ID_SETTINGS) return;
   settingsButtons.back() = new FXButton(

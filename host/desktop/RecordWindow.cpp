@@ -3,6 +3,8 @@
 
 #include <libintl.h>
 
+#include "host/windows/LabelText.h"
+
 using namespace FX;
 
 namespace Quillane::Desktop {
@@ -92,8 +94,11 @@ void RecordWindow::show(FXuint placement) {
   if (filterField->id() != 0) filterField->setFocus();
 }
 
+// From the field the list is searched and used, whatever button was pressed last.
 void RecordWindow::takeKeyboard() {
-  if (id() != 0) setFocus();
+  if (id() == 0) return;
+  setFocus();
+  filterField->setFocus();
 }
 
 void RecordWindow::prepare() {
@@ -107,7 +112,7 @@ bool RecordWindow::reload() {
   std::vector<RecordList::Row> rows;
   FXString error;
   if (!source->read(rows, error)) {
-    FXMessageBox::error(this, MBOX_OK, getTitle().text(), "%s", error.text());
+    FXMessageBox::error(this, MBOX_OK, getTitle().text(), "%s", Host::messageText(error).text());
     return false;
   }
   recordList->setRows(std::move(rows));

@@ -3,6 +3,8 @@
 
 #include <libintl.h>
 
+#include "host/windows/LabelText.h"
+
 using namespace FX;
 
 namespace Quillane::Desktop {
@@ -43,7 +45,7 @@ UnsavedChangesDialog::UnsavedChangesDialog(FXWindow* ownerWindow, const FXString
   new FXLabel(
       this,
       FXStringFormat(dgettext("quillane", "A bizonylat módosításai még nincsenek elmentve:\n%s\n\nElmenti őket?"),
-                     documentName.text()),
+                     Host::labelText(documentName).text()),
       nullptr, JUSTIFY_LEFT | LAYOUT_FILL_X);
   createButtons();
 }

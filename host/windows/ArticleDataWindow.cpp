@@ -1,6 +1,8 @@
 // The windows in which products, services and suites are edited.
 #include <libintl.h>
 
+#include <utility>
+
 #include "host/document/ArticleStore.h"
 #include "host/document/NumberText.h"
 #include "host/windows/FieldMatrix.h"
@@ -23,6 +25,13 @@ constexpr int kNameCharacters = 40;
 constexpr int kUnitCharacters = 12;
 constexpr int kPriceCharacters = 15;
 
+// The article's own field is out of sight when a panel is shown.
+FXString nameArticle(const char* title, const Host::Article& article) {
+  FXString name = article.name;
+  if (article.id <= 0 || name.simplify().empty()) return title;
+  return FXStringFormat(dgettext("quillane", "%s – %s"), title, name.text());
+}
+
 }  // namespace
 
 ArticleDataWindow::ArticleDataWindow() = default;
@@ -30,7 +39,7 @@ ArticleDataWindow::ArticleDataWindow() = default;
 ArticleDataWindow::ArticleDataWindow(FXWindow* ownerWindow, TarnwellDatabase& companyDatabase,
                                      const Host::Article& begun, int kind, const char* windowTitle,
                                      FXIcon* windowMiniIcon)
-    : PanelisedWindow(ownerWindow, companyDatabase, windowTitle, windowMiniIcon),
+    : PanelisedWindow(ownerWindow, companyDatabase, nameArticle(windowTitle, begun), windowMiniIcon),
       article(std::make_unique<Host::Article>(begun)) {
   article->kind = kind;
   setRecordId(article->id);
@@ -75,7 +84,9 @@ bool ArticleDataWindow::writeRecord(FXString& reason) {
   typed.name = nameField->getText();
   typed.unit = unitField->getText();
   typed.price = priceField->getText();
-  if (!Host::ArticleStore(getDatabase()).write(typed, reason)) return false;
+  const bool written = Host::ArticleStore(getDatabase()).write(typed, reason);
+  fieldsRefused = !reason.empty();
+  if (!written) return false;
   setRecordId(typed.id);
   *article = typed;
   return true;
@@ -83,6 +94,8 @@ bool ArticleDataWindow::writeRecord(FXString& reason) {
 
 void ArticleDataWindow::recordRefused() {
   article->id = getRecordId();
+  // When it is not the fields' fault the user stays where the work was.
+  if (!std::exchange(fieldsRefused, false)) return;
   showTab(0);
   FXTextField* wrong = nameField->getText().trim().empty() ? nameField : priceField;
   if (wrong->id() != 0) wrong->setFocus();

@@ -12,6 +12,8 @@
 
 #include <algorithm>
 
+#include "host/windows/ChoiceEditor.h"
+#include "host/windows/CutOffTip.h"
 #include "host/windows/DBTableItems.h"
 #include "host/windows/PastedText.h"
 #include "host/windows/SaveFailureDialog.h"
@@ -29,6 +31,8 @@ DBTableMap[] = {
     FXMAPFUNC(SEL_RIGHTBUTTONPRESS, 0, DBTable::onRightButtonPress),
     FXMAPFUNC(SEL_RIGHTBUTTONRELEASE, 0, DBTable::onRightButtonRelease),
     FXMAPFUNC(SEL_KEYPRESS, 0, DBTable::onKeyPress),
+    FXMAPFUNC(SEL_MOTION, 0, DBTable::onMotion),
+    FXMAPFUNC(SEL_QUERY_TIP, 0, DBTable::onQueryTip),
     FXMAPFUNC(SEL_COMMAND, DBTable::ID_CUT_SEL, DBTable::onCutOrClear),
     FXMAPFUNC(SEL_COMMAND, DBTable::ID_DELETE_SEL, DBTable::onCutOrClear),
     FXMAPFUNC(SEL_COMMAND, DBTable::ID_PASTE_SEL, DBTable::onPaste),
@@ -36,7 +40,7 @@ DBTableMap[] = {
     FXMAPFUNC(SEL_COMMAND, DBTable::ID_TOGGLE, DBTable::onToggle),
     FXMAPFUNC(SEL_COMMAND, DBTable::ID_DELETE_ROWS, DBTable::onDeleteRows),
 };
-static_assert(ARRAYNUMBER(DBTableMap) == 11);
+static_assert(ARRAYNUMBER(DBTableMap) == 13);
 static_assert(DBTable::ID_ADD_ROW == 88 && DBTable::ID_DELETE_ROWS == 90, "modules know the numbers");
 
 FXIMPLEMENT(DBTable, FXTable, DBTableMap, ARRAYNUMBER(DBTableMap))
@@ -46,6 +50,8 @@ namespace {
 constexpr FXchar kNewRowMark = '-';
 
 constexpr FXint kRowHeaderWidth = 44;  // pixels; room for five digits
+constexpr FXint kLeastLastWidth = 80;
+constexpr FXint kGridWidth = 2;  // at the table's edges
 
 // Keys that the toolkit combines with others.
 constexpr FXuint kModifiers = SHIFTMASK | CONTROLMASK | ALTMASK;
@@ -59,6 +65,10 @@ bool isInsert(const FXEvent& key) { return (key.code == KEY_Insert || key.code =
 bool isDelete(const FXEvent& key) { return (key.code == KEY_Delete || key.code == KEY_KP_Delete) && isPlain(key); }
 
 bool isSpace(const FXEvent& key) { return (key.code == KEY_space || key.code == KEY_KP_Space) && isPlain(key); }
+
+bool opensList(const FXEvent& key) {
+  return isSpace(key) || ((key.code == KEY_Down || key.code == KEY_KP_Down) && (key.state & ALTMASK));
+}
 
 bool isTab(const FXEvent& key) { return key.code == KEY_Tab || key.code == KEY_ISO_Left_Tab; }
 
@@ -130,7 +140,8 @@ DBTable::DBTable() = default;
 DBTable::DBTable(FXComposite* container, FXObject* receiver, FXSelector sel, FXuint opts, FXint x, FXint y, FXint w,
                  FXint h, FXint pl, FXint pr, FXint pt, FXint pb)
     : FXTable(container, receiver, sel, opts, x, y, w, h, pl, pr, pt, pb),
-      rowLoader(std::make_unique<RowLoader>(*this)) {
+      rowLoader(std::make_unique<RowLoader>(*this)),
+      tip(std::make_unique<Host::CutOffTip>()) {
   setColumnHeaderMode(0);  // as high as its texts need
   setRowHeaderWidth(kRowHeaderWidth);
   createMenu();
@@ -141,6 +152,18 @@ DBTable::~DBTable() { delete menu; }
 void DBTable::create() {
   FXTable::create();
   menu->create();
+}
+
+void DBTable::layout() {
+  FXTable::layout();
+  const FXint lastColumn = getNumColumns() - 1;
+  if (lastColumn < 0) return;
+  FXint others = getRowHeaderWidth();
+  for (FXint column = 0; column < lastColumn; ++column) others += getColumnWidth(column);
+  const FXint room = std::max(viewport_w - others - kGridWidth, kLeastLastWidth);
+  if (room == getColumnWidth(lastColumn)) return;
+  setColumnWidth(lastColumn, room);
+  FXTable::layout();
 }
 
 void DBTable::setTableSize(FXint rowCount, FXint columnCount, FXbool notify) {
@@ -261,16 +284,20 @@ void DBTable::pasteText(const FXString& text) {
 long DBTable::onLeftButtonPress(FXObject* sender, FXSelector selector, void* ptr) {
   const auto& event = *static_cast<FXEvent*>(ptr);
   pressed = isPlain(event) ? cellAt(event) : FXTablePos{-1, -1};
+  pressedCurrent = hasFocus() && pressed.row == current.row && pressed.col == current.col;
   return FXTable::onLeftBtnPress(sender, selector, ptr);
 }
 
-// A press that is dragged to another cell selects.
+// A press that is dragged to another cell selects. The first click on a choice only makes it the current cell, so that
+// a row can be clicked anywhere.
 long DBTable::onLeftButtonRelease(FXObject* sender, FXSelector selector, void* ptr) {
   const FXTablePos cell = cellAt(*static_cast<FXEvent*>(ptr));
   const bool isClick = isEnabled() && cell.row == pressed.row && cell.col == pressed.col;
   pressed = {-1, -1};
   const long handled = FXTable::onLeftBtnRelease(sender, selector, ptr);
-  if (isClick) toggle(cell.row, cell.col);
+  if (!isClick) return handled;
+  toggle(cell.row, cell.col);
+  if (pressedCurrent && isChoice(cell.row, cell.col)) openChoices();
   return handled;
 }
 
@@ -300,6 +327,13 @@ long DBTable::onKeyPress(FXObject* sender, FXSelector selector, void* ptr) {
   return FXTable::onKeyPress(sender, selector, ptr);
 }
 
+long DBTable::onMotion(FXObject* sender, FXSelector selector, void* ptr) {
+  const long asksAnew = tip->onMotion(*this, *static_cast<FXEvent*>(ptr));
+  return FXTable::onMotion(sender, selector, ptr) || asksAnew;
+}
+
+long DBTable::onQueryTip(FXObject* sender, FXSelector, void*) { return tip->onQueryTip(*this, sender); }
+
 long DBTable::onCutOrClear(FXObject* sender, FXSelector selector, void* ptr) {
   acceptInput(TRUE);
   if (!isEditable()) return 1;
@@ -315,7 +349,9 @@ long DBTable::onPaste(FXObject*, FXSelector, void*) {
 long DBTable::onAddRow(FXObject*, FXSelector, void*) {
   if (!isEditable() || getNumColumns() < 1) return 1;
   insertRows(getNumRows(), 1, TRUE);
+  layout();  // or the table would not scroll to the row
   goToCell(getNumRows() - 1, 0);
+  takeKeyboard();
   return 1;
 }
 
@@ -324,14 +360,20 @@ long DBTable::onToggle(FXObject*, FXSelector, void*) {
   return 1;
 }
 
-long DBTable::onDeleteRows(FXObject*, FXSelector, void*) {
+// The menu has asked already: it could not be clicked otherwise.
+long DBTable::onDeleteRows(FXObject* sender, FXSelector, void*) {
   if (!isEditable()) return 1;
   acceptInput(TRUE);
+  if (sender != deleteCommand && !askWhetherToDelete()) {
+    getApp()->beep();
+    return 1;
+  }
   if (!selectRowsToDelete()) return 1;
   if (target)
     target->tryHandle(this, FXSEL(SEL_COMMAND, ID_DELETE_ROWS), nullptr);
   else
     deleteSelectedRows();
+  takeKeyboard();
   return 1;
 }
 
@@ -341,6 +383,10 @@ bool DBTable::isCell(FXint row, FXint column) const {
 
 bool DBTable::isCheckBox(FXint row, FXint column) const {
   return isCell(row, column) && dynamic_cast<DBTableCheckItem*>(getItem(row, column));
+}
+
+bool DBTable::isChoice(FXint row, FXint column) const {
+  return isCell(row, column) && dynamic_cast<DBTableChoiceItem*>(getItem(row, column));
 }
 
 FXTableItem* DBTable::makeItem(FXint column) const {
@@ -359,7 +405,13 @@ FXTableItem* DBTable::makeItem(FXint column) const {
   return item;
 }
 
-FXString DBTable::makeNewKey() { return FXStringFormat("%c%d", kNewRowMark, ++lastNewRow); }
+// A stored key can be negative when somebody gave it by hand.
+FXString DBTable::makeNewKey() {
+  FXString key;
+  do key = FXStringFormat("%c%d", kNewRowMark, ++lastNewRow);
+  while (storedRows.count(key) != 0);
+  return key;
+}
 
 void DBTable::fillRow(FXint row, const FXString& key) {
   setRowText(row, key);
@@ -475,10 +527,9 @@ bool DBTable::actOnKey(const FXEvent& key) {
   } else if (isInsert(key)) {
     handle(this, FXSEL(SEL_COMMAND, ID_ADD_ROW), nullptr);
   } else if (isDelete(key)) {
-    if (askWhetherToDelete())
-      handle(this, FXSEL(SEL_COMMAND, ID_DELETE_ROWS), nullptr);
-    else
-      getApp()->beep();
+    handle(this, FXSEL(SEL_COMMAND, ID_DELETE_ROWS), nullptr);
+  } else if (opensList(key) && isChoice(current.row, current.col)) {
+    openChoices();
   } else if (isSpace(key) && isCheckBox(current.row, current.col)) {
     handle(this, FXSEL(SEL_COMMAND, ID_TOGGLE), nullptr);
   } else {
@@ -532,6 +583,17 @@ void DBTable::toggle(FXint row, FXint column) {
   static_cast<DBTableCheckItem*>(getItem(row, column))->toggle();
   updateItem(row, column);
   tellReplaced({{row, column}, {row, column}});
+}
+
+void DBTable::openChoices() {
+  if (!isEditable()) return;
+  startInput(current.row, current.col);
+  if (auto* choices = dynamic_cast<ChoiceEditor*>(editor)) choices->openList();
+}
+
+// After a command of a button or a menu what is typed is for the table.
+void DBTable::takeKeyboard() {
+  if (id() != 0) setFocus();
 }
 
 // The toolkit's own changes of cells are told before they happen, when the old text is still there.

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "host/windows/ChoiceEditor.h"
+
 using namespace FX;
 
 namespace Quillane {
@@ -15,6 +17,10 @@ const FXString kUnchecked = "0";
 constexpr FXint kVisibleChoices = 20;
 
 constexpr FXint kBoxSize = 13;
+
+constexpr FXint kArrowWidth = 7;
+constexpr FXint kArrowHeight = 4;
+constexpr FXint kArrowMargin = 4;
 
 // Where the tick's stroke turns, from the box's corner.
 constexpr FXint kTickStart = 3;
@@ -29,9 +35,14 @@ void drawTick(FXDC& dc, FXint x, FXint y) {
   }
 }
 
+/// Draws a triangle that points down.
+void drawArrow(FXDC& dc, FXint x, FXint y) {
+  for (FXint line = 0; line < kArrowHeight; ++line) dc.fillRectangle(x + line, y + line, kArrowWidth - 2 * line, 1);
+}
+
 }  // namespace
 
-DBTableChoiceItem::DBTableChoiceItem(Choices offered) : FXComboTableItem(FXString::null), choices(std::move(offered)) {
+DBTableChoiceItem::DBTableChoiceItem(Choices offered) : FXTableItem(FXString::null), choices(std::move(offered)) {
   setJustify(LEFT);
 }
 
@@ -55,8 +66,8 @@ void DBTableChoiceItem::setText(const FXString& text) {
 }
 
 FXWindow* DBTableChoiceItem::getControlFor(FXTable* table) {
-  auto* box = static_cast<FXComboBox*>(FXComboTableItem::getControlFor(table));
-  box->clearItems();
+  auto* box = new ChoiceEditor(table);
+  box->create();
   for (const DBTableChoice& choice : *choices) box->appendItem(choice.text);
   box->setNumVisible(std::min(box->getNumItems(), kVisibleChoices));
   box->setCurrentItem(findKey(key));
@@ -72,6 +83,15 @@ void DBTableChoiceItem::setFromControl(FXWindow* control) {
     choose(picked);
   else
     setText(box->getText());
+}
+
+void DBTableChoiceItem::drawContent(const FXTable* table, FXDC& dc, FXint x, FXint y, FXint w, FXint h) const {
+  if (table->isEditable()) {
+    dc.setForeground(isSelected() ? table->getSelTextColor() : table->getShadowColor());
+    drawArrow(dc, x + w - kArrowWidth - kArrowMargin, y + (h - kArrowHeight) / 2);
+    w -= kArrowWidth + 2 * kArrowMargin;
+  }
+  FXTableItem::drawContent(table, dc, x, y, w, h);
 }
 
 FXint DBTableChoiceItem::findKey(const FXString& wanted) const {

@@ -21,8 +21,9 @@ class DBTableValue {
   virtual void setKey(const FX::FXString& stored) = 0;
 };
 
-/// A cell that holds one of several choices, or none. Its editor is a list of their texts.
-class DBTableChoiceItem : public FX::FXComboTableItem, public DBTableValue {
+/// A cell that holds one of several choices, or none. Its editor is a list of their texts; an arrow in the cell says
+/// so.
+class DBTableChoiceItem : public FX::FXTableItem, public DBTableValue {
  public:
   using Choices = std::shared_ptr<const std::vector<DBTableChoice>>;
 
@@ -39,6 +40,10 @@ class DBTableChoiceItem : public FX::FXComboTableItem, public DBTableValue {
 
   FX::FXWindow* getControlFor(FX::FXTable* table) override;
   void setFromControl(FX::FXWindow* control) override;
+
+ protected:
+  void drawContent(const FX::FXTable* table, FX::FXDC& dc, FX::FXint x, FX::FXint y, FX::FXint w,
+                   FX::FXint h) const override;
 
  private:
   FX::FXint findKey(const FX::FXString& wanted) const;

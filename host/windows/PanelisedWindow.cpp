@@ -7,6 +7,9 @@
 
 #include "host/document/Transaction.h"
 #include "host/windows/FieldMatrix.h"
+#include "host/windows/LabelText.h"
+#include "host/windows/Mnemonic.h"
+#include "host/windows/TabPages.h"
 #include "plugin/contract/Forms.h"
 #include "plugin/contract/PanelProvider.h"
 
@@ -43,7 +46,7 @@ PanelisedWindow::PanelisedWindow(FXWindow* ownerWindow, TarnwellDatabase& compan
       database(&companyDatabase) {
   setMiniIcon(windowMiniIcon);
   Host::addDialogButtons(this, this);
-  tabs = new FXTabBook(this, this, ID_TABS, TABBOOK_NORMAL | LAYOUT_FILL_X | LAYOUT_FILL_Y, 0, 0, 0, 0, 0, 0, 0, 0);
+  tabs = new Host::TabPages(this, this, ID_TABS, TABBOOK_NORMAL | LAYOUT_FILL_X | LAYOUT_FILL_Y);
   fieldFrame = addTab(dgettext("quillane", "&Adatok"), windowMiniIcon);
 }
 
@@ -68,7 +71,8 @@ void PanelisedWindow::addPanels(const std::vector<Plugin::PanelProvider::Plugin*
 void PanelisedWindow::addPanel(Plugin::PanelProvider::Plugin& provider) {
   std::unique_ptr<Plugin::PanelProvider::Handler> handler(provider.getHandler(this));
   if (!handler) return;
-  handler->createGUI(addTab(handler->getPanelName(), handler->getIcon16()));
+  std::string used = Host::getUsedMnemonics(*this);
+  handler->createGUI(addTab(Host::markMnemonic(handler->getPanelName(), used), handler->getIcon16()));
   handlers.push_back(std::move(handler));
 }
 
@@ -107,7 +111,7 @@ long PanelisedWindow::onCmdAccept(FXObject* sender, FXSelector selector, void* p
   recordId = idBefore;
   if (refusal.empty())
     reason = FXStringFormat(dgettext("quillane", "Az adatok nem tárolhatók, semmi sem változott. %s"), reason.text());
-  FXMessageBox::error(this, MBOX_OK, getTitle().text(), "%s", reason.text());
+  FXMessageBox::error(this, MBOX_OK, getTitle().text(), "%s", Host::messageText(reason).text());
   if (id() != 0) setFocus();
   recordRefused();
   return 1;

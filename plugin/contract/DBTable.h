@@ -14,6 +14,10 @@ namespace Quillane {
 struct SaveFailure;
 struct TableChange;
 
+namespace Host {
+class CutOffTip;
+}
+
 /// Writes the rows of a DBTable to the database; DBTable::saveToDB calls it, inside a transaction of its own. Values
 /// are texts by the database's column names: what was typed, the key of a choice, "1" or "0" of a check box.
 class QUILLANE_HOST_API DBTablePersister {
@@ -45,12 +49,17 @@ struct DBTableChoice {
 /// the record's key, and a text that begins with "-" in rows that are not stored yet.
 ///
 /// The table is shaped first (setTableSize, then the columns' types), then filled through its row loader. What is
-/// typed, pasted, cut, added or deleted afterwards stays in the table until saveToDB writes it.
+/// typed, pasted, cut, added or deleted afterwards stays in the table until saveToDB writes it. The last column takes
+/// the room that the others leave.
+///
+/// In a cell of a choice the first letters of a text choose it; a click on the current cell, the space key and Alt with
+/// the arrow down open the list of the texts.
 ///
 /// The context menu adds a row, deletes the selected ones, and cuts, copies and pastes; Insert and Delete do so too
 /// while no cell is being edited. Deleting is the target's: it is asked for the state of the command (SEL_UPDATE) when
-/// the menu opens and before the key acts, and told (SEL_COMMAND) with the rows to delete selected; it then appends the
-/// keys of stored rows to getDeletedKeys() and removes the rows. Without a target the table does that itself.
+/// the menu opens and before the key or a button acts, and told (SEL_COMMAND) with the rows to delete selected; it then
+/// appends the keys of stored rows to getDeletedKeys() and removes the rows. Without a target the table does that
+/// itself.
 class QUILLANE_HOST_API DBTable : public FX::FXTable {
   FXDECLARE(DBTable)
  public:
@@ -76,6 +85,9 @@ class QUILLANE_HOST_API DBTable : public FX::FXTable {
 
   /// Creates the menu too.
   void create() override;
+
+  /// Gives the last column the room that the others leave.
+  void layout() override;
 
   /// Makes a new table: all columns hold texts, all rows are new, and nothing is tracked of what was there before.
   void setTableSize(FX::FXint rowCount, FX::FXint columnCount, FX::FXbool notify = FALSE) override;
@@ -143,6 +155,8 @@ class QUILLANE_HOST_API DBTable : public FX::FXTable {
   long onRightButtonPress(FX::FXObject* sender, FX::FXSelector selector, void* ptr);
   long onRightButtonRelease(FX::FXObject* sender, FX::FXSelector selector, void* ptr);
   long onKeyPress(FX::FXObject* sender, FX::FXSelector selector, void* ptr);
+  long onMotion(FX::FXObject* sender, FX::FXSelector selector, void* ptr);
+  long onQueryTip(FX::FXObject* sender, FX::FXSelector selector, void* ptr);
   long onCutOrClear(FX::FXObject* sender, FX::FXSelector selector, void* ptr);
   long onPaste(FX::FXObject* sender, FX::FXSelector selector, void* ptr);
   long onAddRow(FX::FXObject* sender, FX::FXSelector selector, void* ptr);
@@ -168,6 +182,7 @@ class QUILLANE_HOST_API DBTable : public FX::FXTable {
   bool isRow(FX::FXint row) const { return 0 <= row && row < getNumRows(); }
   bool isCell(FX::FXint row, FX::FXint column) const;
   bool isCheckBox(FX::FXint row, FX::FXint column) const;
+  bool isChoice(FX::FXint row, FX::FXint column) const;
   FX::FXTableItem* makeItem(FX::FXint column) const;
   FX::FXString makeNewKey();
   void fillRow(FX::FXint row, const FX::FXString& key);
@@ -192,6 +207,8 @@ class QUILLANE_HOST_API DBTable : public FX::FXTable {
   void goToClickedCell(const FX::FXEvent& click);
   FX::FXTablePos cellAt(const FX::FXEvent& click) const;
   void toggle(FX::FXint row, FX::FXint column);
+  void openChoices();
+  void takeKeyboard();
   void tellReplaced(FX::FXTableRange range);
   FX::FXString getClipboardText() const;
   FX::FXWindow* getVisibleOwner() const;
@@ -207,9 +224,11 @@ class QUILLANE_HOST_API DBTable : public FX::FXTable {
   std::vector<FX::FXint> deletedKeys;
   FX::FXint lastNewRow = 0;                    // the number behind the "-" of the last new row's key
   FX::FXTablePos pressed = {-1, -1};           // the cell on which the left button went down
+  bool pressedCurrent = false;                 // whether that was the one with the keyboard already
   FX::FXMenuPane* menu = nullptr;              // owned
   FX::FXMenuCommand* deleteCommand = nullptr;  // the menu's
   std::unique_ptr<DataBaseValueLoader> rowLoader;
+  std::unique_ptr<Host::CutOffTip> tip;
 };
 
 }  // namespace Quillane

@@ -249,6 +249,7 @@ class QUILLANE_HOST_API ArticleDataWindow : public PanelisedWindow {
   void createFields();
 
   std::unique_ptr<Host::Article> article;  // as it was stored; before that, as it began or was last to be stored
+  bool fieldsRefused = false;              // whether what was typed was not fit to be stored
   FX::FXTextField* nameField = nullptr;    // owned by the window tree, as the following
   FX::FXTextField* unitField = nullptr;
   FX::FXTextField* priceField = nullptr;

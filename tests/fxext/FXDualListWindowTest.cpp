@@ -227,6 +227,17 @@ TEST_F(DualListWindow, isUsedByKeysAlone) {
   EXPECT_SOON(read(*to) == (Texts{"X", "Y", "B*"}));
 }
 
+TEST_F(DualListWindow, showsWhichArrowHasTheKeyboard) {
+  const FXColor usual = right->getBackColor();
+  typeKey("Tab");
+  ASSERT_SOON(right->hasFocus());
+  EXPECT_NE(right->getBackColor(), usual);
+  typeKey("Tab");
+  ASSERT_SOON(left->hasFocus());
+  EXPECT_EQ(right->getBackColor(), usual);
+  EXPECT_NE(left->getBackColor(), usual);
+}
+
 TEST_F(DualListWindow, paintsItemsThatCameAfterItWasCreated) {
   chooser->appendFromListItem("F", icon.get(), nullptr);
   chooser->appendToListItem("Z", icon.get(), nullptr);

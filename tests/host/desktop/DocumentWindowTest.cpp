@@ -471,6 +471,24 @@ TEST_F(DocumentWindowTest, offersWhatMayBeMadeFromTheDocument) {
   EXPECT_FALSE(mayRun(open(kIncomingDraft), DocumentWindow::ID_DERIVE));
 }
 
+TEST_F(DocumentWindowTest, asksWithThePartnersNameAsItIs) {
+  Statement(&workplace.getCompany().getDatabase(), "update t_partner set name='Kovács & Társa'").execute(nullptr, 1);
+  DocumentWindow& order = open(1);
+  EXPECT_THAT(answering({cancelIt()}, [&] { run(order, DocumentWindow::ID_DERIVE); }).front(),
+              HasSubstr("Megrendelés, Kovács & Társa, #1"));
+  DocumentWindow& draft = open(kUnfinishedDraft);
+  EXPECT_THAT(answering({sayNo()}, [&] { run(draft, DocumentWindow::ID_DELETE_DOCUMENT); }).front(),
+              HasSubstr("Kovács & Társa"));
+  EXPECT_EQ(draft.getTitle().contains('&'), 1);
+}
+
+TEST_F(DocumentWindowTest, asksWithThePartnersNameBeforeChangesAreLost) {
+  const UnsavedChangesDialog dialog(&open(1), "Megrendelés, Kovács & Társa");
+  const auto* label = dynamic_cast<FXLabel*>(dialog.getFirst());
+  ASSERT_NE(label, nullptr);
+  EXPECT_THAT(label->getText().text(), HasSubstr("Kovács & Társa"));
+}
+
 TEST_F(DocumentWindowTest, deletesADraftAndCloses) {
   DocumentWindow& window = open(kUnfinishedDraft);
   answering({sayNo()}, [&] { run(window, DocumentWindow::ID_DELETE_DOCUMENT); });
@@ -495,17 +513,17 @@ TEST_F(DocumentWindowTest, knowsWhatIsCutOffOfACell) {
   const FXString text = table.getItemText(0, DocumentItemTable::ATTACHED_DATA);
   ASSERT_FALSE(text.empty());
   table.setColumnWidth(DocumentItemTable::ATTACHED_DATA, 20);
-  EXPECT_EQ(table.getCutOffText(0, DocumentItemTable::ATTACHED_DATA), text);
+  EXPECT_EQ(Host::CutOffTip::getText(table, 0, DocumentItemTable::ATTACHED_DATA), text);
   table.setColumnWidth(DocumentItemTable::ATTACHED_DATA, 5000);
-  EXPECT_EQ(table.getCutOffText(0, DocumentItemTable::ATTACHED_DATA), "");
+  EXPECT_EQ(Host::CutOffTip::getText(table, 0, DocumentItemTable::ATTACHED_DATA), "");
 }
 
 TEST_F(DocumentWindowTest, asksNoCellThatIsNotThere) {
   DocumentItemTable& table = *open(kGreenDraft).getItemTable();
-  EXPECT_EQ(table.getCutOffText(-1, 0), "");
-  EXPECT_EQ(table.getCutOffText(table.getNumRows(), 0), "");
-  EXPECT_EQ(table.getCutOffText(0, -1), "");
-  EXPECT_EQ(table.getCutOffText(0, DocumentItemTable::COLUMN_COUNT), "");
+  EXPECT_EQ(Host::CutOffTip::getText(table, -1, 0), "");
+  EXPECT_EQ(Host::CutOffTip::getText(table, table.getNumRows(), 0), "");
+  EXPECT_EQ(Host::CutOffTip::getText(table, 0, -1), "");
+  EXPECT_EQ(Host::CutOffTip::getText(table, 0, DocumentItemTable::COLUMN_COUNT), "");
 }
 
 // ---- export ----

@@ -3,6 +3,7 @@
 
 #include "host/desktop/BatchRun.h"
 #include "host/desktop/DocumentWindow.h"
+#include "host/desktop/PluginListWindow.h"
 #include "host/desktop/ProgressDialog.h"
 #include "host/desktop/ReportDialog.h"
 #include "host/desktop/WelcomeDialog.h"
@@ -72,6 +73,31 @@ TEST_F(MainWindowOnDisplayTest, beginsInTheListOfDocuments) {
   TestSupport::runEvents(100);
   EXPECT_TRUE(list()->hasFocus());
   takeScreenshot("main-window");
+  typeKey("End");
+  ASSERT_SOON(window->getPanel()->getList()->getCurrentId() == 1);
+}
+
+TEST_F(MainWindowOnDisplayTest, givesTheKeyboardBackToTheListBehindAMenu) {
+  typeKey("v", "Alt_L");
+  ASSERT_SOON(testAccount().getPopupWindow() && TestSupport::isOnScreen(*testAccount().getPopupWindow()));
+  EXPECT_FALSE(list()->hasFocus());
+  typeKey("Right");
+  typeKey("Escape");
+  ASSERT_SOON(list()->hasFocus());
+
+  // The same when a command was run, whose dialog is closed by now.
+  KeyScript script;
+  script.step(
+      "the plug-ins are shown", [] { return isAsking<PluginListWindow>(); }, [] { typeKey("Escape"); });
+  script.start();
+  typeKey("v", "Alt_L");
+  typeKey("Down");
+  typeKey("Return");
+  ASSERT_SOON(script.isDone());
+  ASSERT_SOON(testAccount().getModalWindow() == nullptr);
+  window->setFocus();
+  ASSERT_SOON(testAccount().getActiveWindow() == window.get());
+  EXPECT_TRUE(list()->hasFocus());
   typeKey("End");
   ASSERT_SOON(window->getPanel()->getList()->getCurrentId() == 1);
 }

@@ -135,7 +135,13 @@ TEST_P(MnemonicsTest, ofTheMainWindowAndItsDialogsAreDifferent) {
     article.kind = kind;
     check(*ArticleDataWindow::make(&window, database, article, nullptr, providers));
   }
-  check(PluginListWindow(&window, workplace.getCompany().getPlugins(), icons));
+  const Host::PluginLoader& plugins = workplace.getCompany().getPlugins();
+  check(PluginListWindow(&window, plugins, icons));
+  const auto checkAndCancel = [](FXDialogBox& dialog) {
+    check(dialog);
+    TestSupport::cancel(dialog);
+  };
+  answering({checkAndCancel}, [&] { PluginListWindow::runSettings(&window, *plugins.getLoaded().front().container); });
 }
 
 TEST_P(MnemonicsTest, ofTheToolkitsDialogsAreDifferent) {

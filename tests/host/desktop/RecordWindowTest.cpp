@@ -302,7 +302,7 @@ TEST_F(RecordDialogTest, keepsWhatWasTypedWhenThePriceIsNoNumber) {
             "12\xC2\xA0"
             "000");
   dialog.getPriceField()->setText("sok");
-  expectRefusal(dialog, "Szolgáltatás módosítása");
+  expectRefusal(dialog, "Szolgáltatás módosítása – Szerelés");
   EXPECT_EQ(dialog.getPriceField()->getText(), "sok");
   EXPECT_EQ(company.query("select price from t_service"), (Grid{{"12000"}}));
 }

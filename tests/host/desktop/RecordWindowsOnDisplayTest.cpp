@@ -129,7 +129,10 @@ TEST_F(RecordWindowsOnDisplay, changeAnArticleAndAddOne) {
             })
       .step(
           "the new service", [&] { return active<ArticleListWindow>() && window.getRecordList()->getCurrentId() == 2; },
-          [] { typeKey("Escape"); });
+          [&] {
+            EXPECT_TRUE(window.getFilterField()->hasFocus()) << "not the button that was pressed";
+            typeKey("Escape");
+          });
   script.start();
   window.execute();
   EXPECT_TRUE(script.isDone());

@@ -152,6 +152,16 @@ TEST_F(DBTableTest, givesNoKeyTwice) {
   EXPECT_EQ(rows(*table)[3], "-2: ||-|");
 }
 
+TEST_F(DBTableTest, givesNoKeyThatIsStored) {
+  company.run("update t_part set t_part_id=-1 where t_part_id=2");
+  load(*table);
+  EXPECT_EQ(rows(*table)[0], "-1: Anya|réz|-|");
+  command(DBTable::ID_ADD_ROW);
+  EXPECT_EQ(rows(*table)[3], "-2: ||-|");
+  EXPECT_FALSE(table->isNewRow(0));
+  EXPECT_TRUE(table->isNewRow(3));
+}
+
 TEST_F(DBTableTest, takesWhatIsBeingTypedBeforeItAddsARow) {
   table->startInput(0, NAME);
   auto* field = dynamic_cast<FXTextField*>(table->getFirst());
@@ -314,6 +324,17 @@ TEST_F(DBTableTest, deletesDownToTheLastRowAndGoesOn) {
   command(DBTable::ID_ADD_ROW);
   EXPECT_EQ(rows(*table), Lines{"-1: ||-|"});
   EXPECT_EQ(table->getCurrentColumn(), 0);
+}
+
+TEST_F(DBTableTest, closesTheEditorOfARowThatIsRemoved) {
+  for (const PartColumn column : {NAME, KIND}) {
+    load(*table);
+    table->startInput(1, column);
+    table->removeRows(1, 1);
+    EXPECT_EQ(rows(*table), (Lines{loaded[0], loaded[2]}));
+    table->acceptInput(TRUE);
+    EXPECT_EQ(rows(*table), (Lines{loaded[0], loaded[2]})) << "no row gets what was typed for another";
+  }
 }
 
 TEST_F(DBTableTest, asksForTheStateOfDeletingBeforeTheKeyActs) {

@@ -7,6 +7,7 @@
 #include <string>
 #include <utility>
 
+#include "host/windows/ChoiceEditor.h"
 #include "host/windows/SaveFailureDialog.h"
 #include "plugin/contract/DBTable.h"
 #include "tests/fxext/WindowFixture.h"
@@ -88,6 +89,20 @@ class DBTableWindow : public WindowTest, protected PartTest {
     return false;
   }
 
+  const ChoiceEditor* getChoiceEditor() const {
+    for (FXWindow* child = table->getFirst(); child; child = child->getNext())
+      if (const auto* choices = dynamic_cast<ChoiceEditor*>(child)) return choices;
+    return nullptr;
+  }
+
+  std::string shownChoice() const { return getChoiceEditor() ? getChoiceEditor()->getText().text() : "no editor"; }
+
+  bool isListOpen() const {
+    const ChoiceEditor* choices = getChoiceEditor();
+    return choices && choices->isPaneShown() && testAccount().getPopupWindow() &&
+           TestSupport::isOnScreen(*testAccount().getPopupWindow());
+  }
+
   /// Keeps a picture of the screen where the environment says so.
   static void screenshot(const std::string& name) {
     const char* folder = std::getenv("TEST_SCREENSHOTS");
@@ -152,14 +167,11 @@ TEST_F(DBTableWindow, isFilledByTheKeyboardAlone) {
   typeText("Szeg");
   typeKey("Tab");
   EXPECT_SOON(table->getCurrentColumn() == KIND);
-  // Each step in the list ends the editing with what was reached.
-  for (const char* const choice : {"vas", "réz"}) {
-    typeKey("F2");
-    EXPECT_SOON(isEditing());
-    typeKey("Down");
-    EXPECT_SOON(table->getItemText(3, KIND) == choice);
-    EXPECT_SOON(!isEditing());
-  }
+  typeKey("r");
+  EXPECT_SOON(isEditing());
+  typeKey("Return");
+  EXPECT_SOON(!isEditing());
+  EXPECT_EQ(table->getItemText(3, KIND), "réz");
   typeKey("Tab");
   EXPECT_SOON(table->getCurrentColumn() == STOCKED);
   typeKey("space");
@@ -170,6 +182,164 @@ TEST_F(DBTableWindow, isFilledByTheKeyboardAlone) {
   EXPECT_EQ(rows(*table)[3], "-1: Szeg|réz|x|jo");
   EXPECT_EQ(table->getValueKey(3, KIND), "2");
   screenshot("record-table");
+}
+
+TEST_F(DBTableWindow, choosesByTheFirstLettersWhateverTheirCaseAndAccents) {
+  goTo(0, KIND);
+  typeText("MUa");
+  EXPECT_SOON(shownChoice() == "műanyag");
+  EXPECT_EQ(table->getItemText(0, KIND), "vas") << "it is not taken yet";
+  typeKey("Return");
+  EXPECT_SOON(!isEditing());
+  EXPECT_EQ(table->getValueKey(0, KIND), "3");
+  EXPECT_TRUE(table->isChangedRow(0));
+  EXPECT_EQ(owner.replaced, 1);
+}
+
+TEST_F(DBTableWindow, goesThroughTheChoicesOfALetterThatIsPressedAgain) {
+  table->setColumnValues(KIND, "1\tvas\n2\tréz\n3\tvászon", true);
+  goTo(0, KIND);
+  for (const char* const choice : {"vászon", "vas", "vászon"}) {
+    typeKey("v");
+    EXPECT_SOON(shownChoice() == choice);
+  }
+  typeKey("x");  // no choice begins with it
+  typeKey("Escape");
+  EXPECT_SOON(!isEditing());
+  EXPECT_EQ(table->getItemText(0, KIND), "vas");
+}
+
+TEST_F(DBTableWindow, choosesWithTheArrowsAndTakesTheChoiceWithTab) {
+  table->setValueKey(1, KIND, "");
+  goTo(1, KIND);
+  typeKey("F2");
+  EXPECT_SOON(isEditing());
+  const std::pair<const char*, const char*> steps[] = {{"Down", "vas"},     {"Down", "réz"}, {"Down", "műanyag"},
+                                                       {"Down", "műanyag"}, {"Up", "réz"},   {"End", "műanyag"},
+                                                       {"Home", "vas"},     {"Down", "réz"}};
+  for (const auto& [key, choice] : steps) {
+    typeKey(key);
+    EXPECT_SOON(shownChoice() == choice);
+  }
+  typeKey("Tab");
+  EXPECT_SOON(table->getCurrentColumn() == STOCKED);
+  EXPECT_FALSE(isEditing());
+  EXPECT_EQ(table->getValueKey(1, KIND), "2");
+  typeKey("Tab", "Shift_L");
+  EXPECT_SOON(table->getCurrentColumn() == KIND);
+}
+
+TEST_F(DBTableWindow, opensTheListOfChoicesByKeys) {
+  for (const auto& [key, modifier] : {std::pair{"space", ""}, std::pair{"Down", "Alt_L"}}) {
+    goTo(0, KIND);
+    typeKey(key, modifier);
+    EXPECT_SOON(isListOpen());
+    screenshot("record-table-choices");
+    typeKey("Escape");
+    EXPECT_SOON(!isListOpen());
+    EXPECT_TRUE(isEditing()) << "only the list is closed";
+    typeKey(key, modifier);
+    EXPECT_SOON(isListOpen());
+    typeKey("Down");
+    typeKey("Return");
+    EXPECT_SOON(!isEditing());
+  }
+  EXPECT_EQ(table->getItemText(0, KIND), "műanyag");
+}
+
+TEST_F(DBTableWindow, opensTheListOfChoicesWithAClickOnTheCurrentCell) {
+  goTo(0, NAME);
+  clickCell(kLeft, 1, KIND);
+  EXPECT_SOON(table->getCurrentColumn() == KIND);
+  runEvents(50);
+  EXPECT_FALSE(isEditing()) << "the first click is for the row";
+  clickCell(kLeft, 1, KIND);
+  ASSERT_SOON(isListOpen());
+  const FXWindow& list = *testAccount().getPopupWindow();
+  TestSupport::movePointer(list);
+  TestSupport::click(list, kLeft, list.getWidth() / 2, list.getHeight() - 5);
+  EXPECT_SOON(!isEditing());
+  EXPECT_EQ(table->getItemText(1, KIND), "műanyag");
+}
+
+TEST_F(DBTableWindow, opensNoListOfATableThatCannotBeEdited) {
+  table->setEditable(FALSE);
+  goTo(0, KIND);
+  typeKey("space");
+  typeKey("v");
+  clickCell(kLeft, 0, KIND);
+  runEvents(100);
+  EXPECT_FALSE(isEditing());
+}
+
+TEST_F(DBTableWindow, givesTheLastColumnTheRoomThatIsLeft) {
+  const auto others = [this] {
+    FXint width = table->getRowHeaderWidth();
+    for (FXint column = 0; column < NOTE; ++column) width += table->getColumnWidth(column);
+    return width;
+  };
+  EXPECT_NEAR(table->getColumnWidth(NOTE), table->getWidth() - others(), 4);
+  window->resize(600, 300);
+  EXPECT_SOON(table->getColumnWidth(NOTE) > 200);
+  EXPECT_NEAR(table->getColumnWidth(NOTE), table->getWidth() - others(), 4);
+
+  // A scroll bar takes its room from the last column, instead of calling for another one.
+  while (!table->verticalScrollBar()->shown()) {
+    table->insertRows(table->getNumRows(), 5);
+    runEvents(20);
+  }
+  EXPECT_FALSE(table->horizontalScrollBar()->shown());
+  EXPECT_NEAR(table->getColumnWidth(NOTE), table->verticalScrollBar()->getX() - others(), 4);
+
+  table->setColumnWidth(NAME, 2000);
+  EXPECT_SOON(table->horizontalScrollBar()->shown());
+  EXPECT_GT(table->getColumnWidth(NOTE), 0);
+}
+
+TEST_F(DBTableWindow, showsWhatIsCutOffOfATextInATip) {
+  FXToolTip tip(&testAccount());
+  tip.create();
+  testAccount().setTooltipPause(50);
+  table->setItemText(0, NAME, "Hatlapfejű csavar, tövig menetes");
+  table->setItemText(1, NAME, "Koronás anya, sasszegnek fúrva");
+  const auto pointAt = [this](FXint row, FXint column) {
+    TestSupport::movePointer(*table, xOf(column), yOf(row) - 2);
+    TestSupport::movePointer(*table, xOf(column), yOf(row) + 2);
+  };
+  pointAt(0, NAME);
+  EXPECT_SOON(tip.shown() && tip.getText() == "Hatlapfejű csavar, tövig menetes");
+  pointAt(1, NAME);
+  EXPECT_SOON(tip.shown() && tip.getText() == "Koronás anya, sasszegnek fúrva");
+  pointAt(1, KIND);
+  EXPECT_SOON(!tip.shown());
+}
+
+TEST_F(DBTableWindow, isReadyForTypingAfterAButtonAddedARow) {
+  table->insertRows(table->getNumRows(), 30);
+  runEvents(50);
+  below->setFocus();
+  table->handle(below, FXSEL(SEL_COMMAND, DBTable::ID_ADD_ROW), nullptr);
+  EXPECT_TRUE(table->hasFocus());
+  EXPECT_EQ(table->getNumRows(), 34);
+  EXPECT_LE(table->getRowY(33) + table->getRowHeight(33), table->getViewportHeight() + 2) << "it can be seen";
+  typeText("Szeg");
+  typeKey("Return");
+  EXPECT_SOON(table->getItemText(33, NAME) == "Szeg");
+}
+
+TEST_F(DBTableWindow, asksBeforeAButtonDeletes) {
+  goTo(1, NAME);
+  below->setFocus();
+  owner.allows = false;
+  table->handle(below, FXSEL(SEL_COMMAND, DBTable::ID_DELETE_ROWS), nullptr);
+  EXPECT_EQ(owner.asked, 1);
+  EXPECT_EQ(owner.told, 0);
+  EXPECT_EQ(table->getNumRows(), 3);
+  owner.allows = true;
+  table->handle(below, FXSEL(SEL_COMMAND, DBTable::ID_DELETE_ROWS), nullptr);
+  EXPECT_EQ(owner.asked, 2);
+  EXPECT_EQ(table->getNumRows(), 2);
+  EXPECT_TRUE(table->hasFocus());
 }
 
 TEST_F(DBTableWindow, leavesTheTableWithTabBehindItsLastCell) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/document/ArticleStore.h"
+#include "host/windows/Mnemonic.h"
 #include "plugin/contract/Database.h"
 #include "plugin/contract/Forms.h"
 #include "plugin/contract/Invoice.h"
@@ -126,6 +127,52 @@ TEST_F(PanelisedWindowTest, hasTheArticlesFieldsFirstAndThenATabForEveryPanel) {
   EXPECT_EQ(window->getNameField()->getParent()->getParent(), window->getTabs()->childAtIndex(1));
 }
 
+TEST_F(PanelisedWindowTest, marksALetterOfItsOwnOnEveryPanelsTab) {
+  const std::string without = Host::getUsedMnemonics(*make(InvoiceItem::ARTICLE_SERVICE));
+  EXPECT_THAT(without, testing::Not(testing::AnyOf(HasSubstr("l"), HasSubstr("s"))));
+  const std::string with = Host::getUsedMnemonics(*make(InvoiceItem::ARTICLE_PRODUCT));
+  EXPECT_EQ(with.size(), without.size() + 2);
+  EXPECT_THAT(with, AllOf(HasSubstr("l"), HasSubstr("s"))) << "Első and Második, whose first letters are taken";
+}
+
+/// Accepts every window and has a panel for none.
+class UndecidedPlugin : public Plugin::PanelProvider::Plugin {
+ public:
+  using Plugin::Plugin;
+  bool acceptWindow(PanelisedWindow*) override { return true; }
+  Quillane::Plugin::PanelProvider::Handler* getHandler(PanelisedWindow*) override { return nullptr; }
+};
+
+TEST_F(PanelisedWindowTest, passesOverAProviderThatHasNoPanelAfterAll) {
+  UndecidedPlugin undecided(&container);
+  const auto window = ArticleDataWindow::make(&owner, *company.getDB(), {InvoiceItem::ARTICLE_PRODUCT, 0, "", "", ""},
+                                              nullptr, {&undecided, &second});
+  ASSERT_EQ(window->getHandlers().size(), 1u);
+  EXPECT_EQ(window->getTabs()->numChildren(), 4);
+  window->showTab(1);
+  EXPECT_THAT(events, ElementsAre("Második: focus"));
+}
+
+/// A module with a picture.
+class PicturedContainer : public PluginContainer {
+ public:
+  PicturedContainer() : PluginContainer(&testAccount(), "CodeName", "Név", "1", "") {}
+  FXIcon* getIcon16() override { return &picture; }
+
+ private:
+  FXIcon picture{&testAccount()};
+};
+
+TEST_F(PanelisedWindowTest, showsTheModulesPictureOnTheTab) {
+  PicturedContainer pictured;
+  ProductPanel provider(&pictured, "Képes", events);
+  const auto window = ArticleDataWindow::make(&owner, *company.getDB(), {InvoiceItem::ARTICLE_PRODUCT, 0, "", "", ""},
+                                              nullptr, {&provider});
+  const auto* tab = static_cast<const FXTabItem*>(window->getTabs()->childAtIndex(2));
+  EXPECT_EQ(tab->getText(), "Képes");
+  EXPECT_EQ(tab->getIcon(), pictured.getIcon16());
+}
+
 TEST_F(PanelisedWindowTest, asksEveryProviderWhetherItWantsTheWindow) {
   EXPECT_TRUE(make(InvoiceItem::ARTICLE_SERVICE)->getHandlers().empty());
   EXPECT_TRUE(make(InvoiceItem::ARTICLE_SUITE)->getHandlers().empty());
@@ -137,6 +184,13 @@ TEST_F(PanelisedWindowTest, isOfTheClassOfItsArticle) {
   EXPECT_TRUE(make(InvoiceItem::ARTICLE_SUITE)->isMemberOf(&SuiteDataWindow::metaClass));
   EXPECT_FALSE(make(InvoiceItem::ARTICLE_SUITE)->isMemberOf(&ProductDataWindow::metaClass));
   EXPECT_STREQ(ProductDataWindow::metaClass.getClassName(), "ProductDataWindow");
+}
+
+TEST_F(PanelisedWindowTest, namesTheStoredArticleInItsTitle) {
+  EXPECT_EQ(make(InvoiceItem::ARTICLE_PRODUCT, 5, "Szelep")->getTitle(), "Termék módosítása – Szelep");
+  EXPECT_EQ(make(InvoiceItem::ARTICLE_PRODUCT, 5, " 100%\n& más ")->getTitle(), "Termék módosítása – 100% & más");
+  EXPECT_EQ(make(InvoiceItem::ARTICLE_SUITE, 5, " ")->getTitle(), "Csomag módosítása");
+  EXPECT_EQ(make(InvoiceItem::ARTICLE_SERVICE, 0, "Cső")->getTitle(), "Új szolgáltatás");
 }
 
 TEST_F(PanelisedWindowTest, knowsTheRecordsId) {
@@ -172,12 +226,14 @@ TEST_F(PanelisedWindowTest, writesNothingWhenAPanelCannotBeWrittenAndGoesOnWithW
   const auto window = make(InvoiceItem::ARTICLE_PRODUCT);
   window->getNameField()->setText("Cső");
   window->show(PLACEMENT_OWNER);
+  window->showTab(2);
   {
     ModalDriver driver(TestSupport::accept);
     command(*window, FXDialogBox::ID_ACCEPT);
     EXPECT_THAT(driver.titles, ElementsAre("Új termék")) << "the reason is told";
   }
   EXPECT_TRUE(window->shown());
+  EXPECT_EQ(window->getTabs()->getCurrent(), 2) << "the fields are not to blame";
   EXPECT_EQ(window->getNameField()->getText(), "Cső");
   EXPECT_LE(window->getRecordId(), 0);
   EXPECT_THAT(partners(), IsEmpty());

@@ -121,6 +121,7 @@ TEST_F(TableSaveTest, doesNothingWithAPersisterThatIsNotWrittenOut) {
   deleteRow(1);
   EXPECT_TRUE(table->saveToDB(&plain));
   EXPECT_EQ(stored(), asBefore);
+  for (int column = -1; column <= 4; ++column) EXPECT_EQ(plain.getColName(column), "") << column;
 }
 
 TEST_F(TableSaveTest, savesWhatIsBeingTyped) {

@@ -1,9 +1,9 @@
 // Sentences on several lines.
-#include "host/desktop/WrappedText.h"
+#include "host/windows/WrappedText.h"
 
 #include <gtest/gtest.h>
 
-namespace Quillane::Desktop {
+namespace Quillane::Host {
 namespace {
 
 struct WrapCase {
@@ -27,4 +27,4 @@ INSTANTIATE_TEST_SUITE_P(, WrappedTextTest,
                                          WrapCase{"egy\nkettő három", 6, "egy\nkettő\nhárom"}));
 
 }  // namespace
-}  // namespace Quillane::Desktop
+}  // namespace Quillane::Host

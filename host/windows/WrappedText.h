@@ -2,10 +2,12 @@
 
 #include <fx.h>
 
-namespace Quillane::Desktop {
+#include "plugin/contract/HostApi.h"
+
+namespace Quillane::Host {
 
 /// text with line breaks between words, so that no line has more than so many characters; a longer word keeps a line
 /// of its own. Message boxes do not break lines by themselves.
-FX::FXString wrapText(const FX::FXString& text, int lineLength = 80);
+QUILLANE_HOST_API FX::FXString wrapText(const FX::FXString& text, int lineLength = 80);
 
-}  // namespace Quillane::Desktop
+}  // namespace Quillane::Host

@@ -1,9 +1,9 @@
 // Long sentences on several lines.
-#include "host/desktop/WrappedText.h"
+#include "host/windows/WrappedText.h"
 
 using namespace FX;
 
-namespace Quillane::Desktop {
+namespace Quillane::Host {
 
 namespace {
 
@@ -43,4 +43,4 @@ FXString wrapText(const FXString& text, int lineLength) {
   return wrapped;
 }
 
-}  // namespace Quillane::Desktop
+}  // namespace Quillane::Host
