@@ -14,6 +14,9 @@
 using namespace FX;
 using FXExt::FXDualList;
 
+// Marks a text for the catalogues where it stands; it is translated where it is shown.
+#define N_(text) text
+
 namespace Quillane::Plugin::ItemData::UI {
 
 FXIMPLEMENT(ItemDataAssociationPanel, FXVerticalFrame, nullptr, 0)
@@ -27,11 +30,33 @@ constexpr FXColor kTransparent = FXRGB(192, 192, 192);
 constexpr FXint kSpacing = 4;
 constexpr FXint kSpringPadding = 4;
 
+// What the arrows of a chooser do.
+struct ArrowTip {
+  FXuint command;
+  const char* text;
+};
+constexpr ArrowTip kArrowTips[] = {
+    {FXDualList::ID_MAKESELECTED, N_("A kijelölt mezők kiválasztása (Enter)")},
+    {FXDualList::ID_MAKEUNSELECTED, N_("A kijelölt mezők elhagyása (Enter)")},
+    {FXDualList::ID_MOVEUP, N_("A kijelölt mezők előbbre kerülnek")},
+    {FXDualList::ID_MOVEDOWN, N_("A kijelölt mezők hátrébb kerülnek")},
+};
+
 // The two choosers share the panel's height; neither asks for a width of its own.
 constexpr FXint kRelativeWidth = 1;
 
 std::unique_ptr<FXGIFIcon> makeIcon(FXApp* application, const FXuchar* image) {
   return std::make_unique<FXGIFIcon>(application, image, kTransparent, 0, 1, 1);
+}
+
+void explainArrows(const FXWindow* container) {
+  for (FXWindow* child = container->getFirst(); child; child = child->getNext()) {
+    explainArrows(child);
+    auto* arrow = dynamic_cast<FXArrowButton*>(child);
+    if (!arrow) continue;
+    for (const ArrowTip& tip : kArrowTips)
+      if (arrow->getSelector() == tip.command) arrow->setTipText(dgettext(kTextDomain, tip.text));
+  }
 }
 
 /// Fills a chooser with the variables of a query, each as soon as the next one begins.
@@ -129,8 +154,10 @@ FXDualList* ItemDataAssociationPanel::createChooser(FXComposite* container, cons
   frame = new FXVerticalFrame(spring, LAYOUT_FILL | PACK_UNIFORM_HEIGHT);
   box = new FXGroupBox(frame, title, LAYOUT_FILL, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0);
   new FXHorizontalSeparator(box, SEPARATOR_GROOVE | LAYOUT_FILL_X);
-  return new FXDualList(box, dgettext(kTextDomain, "Választható mezők"), dgettext(kTextDomain, "Kiválasztott mezők"),
-                        LAYOUT_FILL);
+  auto* chooser = new FXDualList(box, dgettext(kTextDomain, "Választható mezők"),
+                                 dgettext(kTextDomain, "Kiválasztott mezők"), LAYOUT_FILL);
+  explainArrows(chooser);
+  return chooser;
 }
 
 // The toolkit creates a window again when it runs it modally; the icons have to be there before the items that show

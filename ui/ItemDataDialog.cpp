@@ -125,18 +125,19 @@ void ItemDataDialog::triggerQtyChange(int row, int column) {
 
 long ItemDataDialog::onAddRow(FXObject*, FXSelector, void*) {
   if (!list || !table || isReadOnly()) return 1;
+  // A paste appends many rows at once.
+  FXint row = table->getNumRows() - 1;
+  while (row > 0 && !table->getEntry(row - 1, 0)) --row;
   const FXint firstNew = list->no();
-  list->addRows(1);
-  if (list->no() == firstNew) return 1;
+  list->addRows(std::max(table->getNumRows() - row, 1));
+  proposeQuantities(firstNew);
 
-  const FXExt::FXDecimal sum = list->getSumQuantity();
-  ItemDataEntry* quantity = list->at(firstNew);
-  if (quantity->getValue().empty()) quantity->value = (item->getQuantity() - sum).toString();
-
-  const FXint row = table->getNumRows() - 1;
-  for (FXint i = firstNew; i < list->no(); ++i) {
-    const FXint column = i - firstNew;
-    if (row >= 0 && column < table->getNumColumns()) table->setItem(row, column, list->at(i)->getTableItem());
+  for (FXint i = firstNew, column = 0; i < list->no(); ++i, ++column) {
+    if (i > firstNew && list->at(i)->row != list->at(i - 1)->row) {
+      ++row;
+      column = 0;
+    }
+    if (row >= 0 && column < table->getNumColumns()) table->placeItem(row, column, list->at(i)->getTableItem());
   }
   return 1;
 }
@@ -243,7 +244,7 @@ void ItemDataDialog::createCells() {
     if (i >= list->no()) continue;
     ItemDataEntry* entry = list->at(i);
     if (!entry || entry->del || !fitsColumn(*entry, column)) continue;
-    if (row < table->getNumRows()) table->setItem(row, column, entry->getTableItem());
+    if (row < table->getNumRows()) table->placeItem(row, column, entry->getTableItem());
     ++placed;
   }
 }
@@ -271,6 +272,17 @@ void ItemDataDialog::createButtons(FXComposite* container) {
   if (table && !isReadOnly()) {
     new FXLabel(buttons, dgettext(kTextDomain, "Új sor: Ins, törlés: Del"), nullptr, LAYOUT_RIGHT | LAYOUT_CENTER_Y, 0,
                 0, 0, 0, 4, 12, 2, 2);
+  }
+}
+
+// The first new row proposes what the other rows leave over, so that nothing is left for the next ones.
+void ItemDataDialog::proposeQuantities(int firstNew) {
+  FXExt::FXDecimal open = item->getQuantity() - list->getSumQuantity();
+  for (FXint i = firstNew; i < list->no(); ++i) {
+    ItemDataEntry* entry = list->at(i);
+    if ((i > firstNew && entry->row == list->at(i - 1)->row) || !entry->getValue().empty()) continue;
+    entry->value = open.toString();
+    open = FXExt::FXDecimal();
   }
 }
 

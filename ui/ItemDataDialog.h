@@ -45,7 +45,7 @@ class ItemDataDialog : public FX::FXDialogBox {
   /// Tells the other entries of the table's row that the quantity in column changed.
   void triggerQtyChange(int row, int column);
 
-  /// The table has appended a row: fills it with new entries.
+  /// The table has appended rows: fills them with new entries.
   long onAddRow(FX::FXObject* sender, FX::FXSelector sel, void* ptr);
 
   /// The table is about to remove the row whose index is the data: marks its entries for deletion.
@@ -66,6 +66,7 @@ class ItemDataDialog : public FX::FXDialogBox {
   void createCells();
   void createHeader(int index);
   void createButtons(FX::FXComposite* container);
+  void proposeQuantities(int firstNew);
   bool fitsColumn(const ItemDataEntry& entry, int column) const;
 
   InvoiceItem* item;                      // not owned

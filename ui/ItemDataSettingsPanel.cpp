@@ -10,6 +10,7 @@
 #include "plugin/contract/Statement.h"
 #include "plugin/contract/Tarnwell.h"
 #include "ui/ItemDataSettingsPersister.h"
+#include "ui/LabelText.h"
 
 using namespace FX;
 
@@ -27,6 +28,7 @@ ItemDataSettingsPanelMap[] = {
 static_assert(ARRAYNUMBER(ItemDataSettingsPanelMap) == 3, "the delete command, its state, and acceptance");
 static_assert(ItemDataSettingsPanel::ID_DELETE == 90 && DBTable::ID_DELETE_ROWS == 90, "what the table's menu sends");
 static_assert(ItemDataSettingsPanel::ID_ACCEPT == 61, "what the OK button sends");
+static_assert(FXuint{ItemDataSettingsPanel::ID_DELETE} > FXDialogBox::ID_LAST, "no command of a dialog's");
 
 FXIMPLEMENT(ItemDataSettingsPanel, FXDialogBox, ItemDataSettingsPanelMap, ARRAYNUMBER(ItemDataSettingsPanelMap))
 
@@ -38,22 +40,26 @@ enum Columns { NAME, TYPE, PER_UNIT, MANDATORY, PARAMETER, COLUMN_COUNT };
 
 struct ColumnDescription {
   const char* title;
-  int width;  // pixels
+  int width;  // pixels; no column is narrower than its title
 };
 
-// Together they fill the dialog, with a scroll bar beside them.
+// The last one takes what is left of the dialog's width.
 constexpr ColumnDescription kColumns[] = {
-    {N_("Név"), 120},     {N_("Típus"), 70},      {N_("Egységenként rögzítendő"), 176},
-    {N_("Kötelező"), 74}, {N_("Paraméter"), 120},
+    {N_("Név"), 152}, {N_("Típus"), 76}, {N_("Egységenként rögzítendő"), 0}, {N_("Kötelező"), 0}, {N_("Paraméter"), 0},
 };
 static_assert(ARRAYNUMBER(kColumns) == COLUMN_COUNT, "a description for each column");
 
 // What the header of a column needs beside its text, in pixels.
-constexpr int kTitleMargin = 14;
+constexpr int kTitleMargin = 12;
+
+constexpr FXint kButtonPadding = 8;
+constexpr FXint kButtonSpacing = 6;
 
 // A key and the shown text in each line; the keys are the field kinds' types.
 constexpr const char* kTypes = N_("1\tSzöveg\n2\tDátum\n3\tLista");
 const FXString kListType = "3";
+
+constexpr const char* kHint = N_("A listák választható értékei a Paraméter oszlopba valók, vesszővel elválasztva.");
 
 // Variables of other types are the system's own.
 const FXString kVariablesSql =
@@ -71,6 +77,7 @@ const FXString kCountRecordedValuesSql = "select count(*) from t_invoiceitemdata
 // What the table's row header shows for a row that is not stored yet begins with this; else it is the row's key.
 constexpr FXchar kUnstoredMark = '-';
 
+// On purpose: a negative key, which only somebody's hand can have given, counts as none.
 bool isStored(const FXString& rowKey) { return rowKey[0] != kUnstoredMark; }
 
 int countFor(TarnwellDatabase* db, const FXString& sql, int variable) {
@@ -81,15 +88,18 @@ int countFor(TarnwellDatabase* db, const FXString& sql, int variable) {
 
 }  // namespace
 
-ItemDataSettingsPanel::ItemDataSettingsPanel() : db(nullptr), table(nullptr), app(nullptr), loaded(false) {}
+ItemDataSettingsPanel::ItemDataSettingsPanel()
+    : db(nullptr), table(nullptr), app(nullptr), hint(nullptr), loaded(false) {}
 
 ItemDataSettingsPanel::ItemDataSettingsPanel(PluginContainer* container, FXApp* application)
     : PluginSettingsDialogBox(container, application),
       db(static_cast<Tarnwell*>(application)->getDB()),
       table(nullptr),
       app(application),
+      hint(nullptr),
       loaded(false) {
   createTable(getContentFrame());
+  createButtons(getContentFrame());
   createHint(getContentFrame());
 }
 
@@ -120,15 +130,7 @@ void ItemDataSettingsPanel::setColumnTexts() {
   table->setColumnType(MANDATORY, DBTable::COLUMN_CHECK);
 }
 
-FXuchar ItemDataSettingsPanel::checkItemList() {
-  for (FXint row = 0; row < table->getNumRows(); ++row) {
-    if (table->getItemText(row, NAME).empty()) return 0;
-    const FXString type = table->getValueKey(row, TYPE);
-    if (type.empty()) return 0;
-    if (type == kListType && table->getItemText(row, PARAMETER).empty()) return 0;
-  }
-  return 1;
-}
+FXuchar ItemDataSettingsPanel::checkItemList() { return findMissing().row < 0; }
 
 int ItemDataSettingsPanel::save(ItemDataSettingsPersister* persister) {
   table->saveToDB(persister);
@@ -140,6 +142,7 @@ long ItemDataSettingsPanel::onOKButton(FXObject* sender, FXSelector sel, void* p
   if (checkItemList()) return PluginSettingsDialogBox::onCmdAccept(sender, sel, ptr);
   FXMessageBox::information(app, MBOX_OK, dgettext(kTextDomain, "A lista elemei hiányosak!"), "%s",
                             dgettext(kTextDomain, "Kérem töltse ki a hiányzó adatokat!"));
+  goTo(findMissing());
   return 0;
 }
 
@@ -165,9 +168,11 @@ long ItemDataSettingsPanel::isDeleteEnabled(FXObject* sender, FXSelector, void*)
   // On purpose: a count whose low byte is 0 is taken for none, as 256 is.
   if (static_cast<FXuchar>(assignments) == 0) {
     sender->handle(this, FXSEL(SEL_COMMAND, FXWindow::ID_ENABLE), nullptr);
+    hint->setText(dgettext(kTextDomain, kHint));
     return 1;
   }
   sender->handle(this, FXSEL(SEL_COMMAND, FXWindow::ID_DISABLE), nullptr);
+  tellInUse(row);
   return -1;
 }
 
@@ -181,17 +186,57 @@ void ItemDataSettingsPanel::createTable(FXComposite* container) {
   table->setRowHeaderWidth(0);
 }
 
+void ItemDataSettingsPanel::createButtons(FXComposite* container) {
+  auto* account = static_cast<Tarnwell*>(app);
+  auto* row =
+      new FXHorizontalFrame(container, LAYOUT_FILL_X | PACK_UNIFORM_WIDTH, 0, 0, 0, 0, 0, 0, 0, 0, kButtonSpacing);
+  const auto createButton = [this, row](const char* text, FXIcon* picture, FXSelector command) {
+    new FXButton(row, text, picture, table, command, BUTTON_NORMAL | BUTTON_DEFAULT | ICON_BEFORE_TEXT, 0, 0, 0, 0,
+                 kButtonPadding, kButtonPadding);
+  };
+  createButton(dgettext(kTextDomain, "Ú&j mező\tEgy új mező a táblázat végén (Ins)"), account->getAddIcon(),
+               DBTable::ID_ADD_ROW);
+  createButton(dgettext(kTextDomain, "&Törlés\tA kijelölt mezők törlése (Del)"), account->getDeleteIcon(),
+               DBTable::ID_DELETE_ROWS);
+}
+
 void ItemDataSettingsPanel::createHint(FXComposite* container) {
-  const char* hint = dgettext(kTextDomain,
-                              "Új sor: Ins, törlés: Del\nA listák választható értékei a Paraméter oszlopba "
-                              "valók, vesszővel elválasztva.");
-  new FXLabel(container, hint, nullptr, LAYOUT_FILL_X | JUSTIFY_LEFT, 0, 0, 0, 0, 0, 0, 4, 0);
+  hint = new FXLabel(container, dgettext(kTextDomain, kHint), nullptr, LAYOUT_FILL_X | JUSTIFY_LEFT, 0, 0, 0, 0, 0, 0,
+                     0, 0);
 }
 
 void ItemDataSettingsPanel::loadVariables() {
   app->beginWaitCursor();
-  Statement(db, kVariablesSql).execute(table->getRowLoader(), 1);
+  const bool read = Statement(db, kVariablesSql).execute(table->getRowLoader(), 1);
   app->endWaitCursor();
+  if (read) return;
+  FXString problem = FXStringFormat(dgettext(kTextDomain, "A mezők nem olvashatók be. %s"), db->getLastError().text());
+  problem.substitute(". ", ".\n");  // a message box breaks no lines
+  FXMessageBox::error(app, MBOX_OK, getTitle().text(), "%s", problem.text());
+}
+
+// The first cell that is empty and must not be; none is {-1, -1}.
+FXTablePos ItemDataSettingsPanel::findMissing() const {
+  for (FXint row = 0; row < table->getNumRows(); ++row) {
+    if (table->getItemText(row, NAME).empty()) return {row, NAME};
+    const FXString type = table->getValueKey(row, TYPE);
+    if (type.empty()) return {row, TYPE};
+    if (type == kListType && table->getItemText(row, PARAMETER).empty()) return {row, PARAMETER};
+  }
+  return {-1, -1};
+}
+
+void ItemDataSettingsPanel::goTo(FXTablePos cell) {
+  table->killSelection();
+  table->setCurrentItem(cell.row, cell.col);
+  table->setAnchorItem(cell.row, cell.col);
+  table->makePositionVisible(cell.row, cell.col);
+  if (id() != 0) table->setFocus();
+}
+
+void ItemDataSettingsPanel::tellInUse(int row) const {
+  hint->setText(FXStringFormat(dgettext(kTextDomain, "„%s” nem törölhető, mert cikkekhez van hozzárendelve."),
+                               UI::labelText(table->getItemText(row, NAME)).text()));
 }
 
 FXString ItemDataSettingsPanel::askingForDeletion(int firstRow, int lastRow) const {

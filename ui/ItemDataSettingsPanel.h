@@ -16,7 +16,7 @@ namespace ItemData {
 class ItemDataSettingsPersister;
 
 /// The module's settings: a table in which the item variables are defined, one row for each. What is typed stays in the
-/// table until save; accepting the dialog only makes sure that no row lacks what it needs.
+/// table until save; accepting the dialog only makes sure that no row lacks what it needs, and goes to what is missing.
 ///
 /// Callers build it, set its size, run execute() and save it when that does not return 0.
 class ItemDataSettingsPanel : public Plugin::UI::PluginSettingsDialogBox {
@@ -64,14 +64,19 @@ class ItemDataSettingsPanel : public Plugin::UI::PluginSettingsDialogBox {
 
  private:
   void createTable(FX::FXComposite* container);
+  void createButtons(FX::FXComposite* container);
   void createHint(FX::FXComposite* container);
   void loadVariables();
+  FX::FXTablePos findMissing() const;
+  void goTo(FX::FXTablePos cell);
+  void tellInUse(int row) const;
   FX::FXString askingForDeletion(int firstRow, int lastRow) const;
   void rememberDeleted(int firstRow, int lastRow);
 
   TarnwellDatabase* db;  // not owned
   DBTable* table;        // a child
   FX::FXApp* app;        // not owned
+  FX::FXLabel* hint;     // a child
   bool loaded;           // whether the variables are in the table
 
   ItemDataSettingsPanel(const ItemDataSettingsPanel&) = delete;

@@ -38,7 +38,7 @@ constexpr const char* kTextDomain = "QuillanePluginItemData";
 // What a row counts whose quantity was not pasted with it.
 const FXString kOneUnit = "1";
 
-using Line = std::vector<FXString>;
+using Line = std::vector<std::string_view>;
 
 FXString toText(std::string_view text) { return FXString(text.data(), static_cast<FXint>(text.size())); }
 
@@ -54,12 +54,12 @@ Line splitLine(std::string_view text) {
   for (bool more = true; more;) {
     const std::size_t tab = text.find('\t');
     more = tab != text.npos;
-    fields.push_back(toText(takeUntil(text, tab, 1)));
+    fields.push_back(takeUntil(text, tab, 1));
   }
   return fields;
 }
 
-// Lines end with LF, CR LF or CR. Line ends behind the last text make no lines.
+// Lines end with LF, CR LF or CR. Line ends behind the last text make no lines. The fields are parts of the text.
 std::vector<Line> splitLines(const FXString& pasted) {
   std::string_view text(pasted.text(), pasted.length());
   while (!text.empty() && (text.back() == '\n' || text.back() == '\r')) text.remove_suffix(1);
@@ -90,6 +90,22 @@ bool findChoice(const FXComboTableItem& item, FXString text, FXString& choice) {
   return false;
 }
 
+bool isLetter(const FXEvent& key) {
+  return !(key.state & (CONTROLMASK | ALTMASK)) && static_cast<FXuchar>(key.text[0]) >= ' ';
+}
+
+// The next item, the first one included, that begins with these letters, blanks before it aside; -1 for none.
+FXint findItem(const FXComboBox& list, const FXString& letters, FXint first) {
+  const FXint count = list.getNumItems();
+  for (FXint step = 0; step < count; ++step) {
+    const FXint index = (std::max(first, 0) + step) % count;
+    FXString text = list.getItemText(index);
+    if (text.contains(' ') < text.length()) text.trimBegin();
+    if (comparecase(text, letters, letters.count()) == 0) return index;
+  }
+  return -1;
+}
+
 bool isBackTab(const FXEvent& tab) { return tab.code == KEY_ISO_Left_Tab || (tab.state & SHIFTMASK); }
 
 }  // namespace
@@ -112,6 +128,7 @@ long ItemDataTable::handle(FXObject* sender, FXSelector sel, void* ptr) {
     case FXSEL(SEL_KEYPRESS, 0): {
       const auto& key = *static_cast<FXEvent*>(ptr);
       if (isForDialog(key)) return 0;
+      if (actOnListKey(key)) return 1;
       if (isAtRowsEnd(key)) {
         goToNextRow(key);
         return 1;
@@ -166,6 +183,14 @@ ItemDataEntry* ItemDataTable::getEntry(FXint row, FXint column) const {
   return isCell(row, column) ? static_cast<ItemDataEntry*>(getItemData(row, column)) : nullptr;
 }
 
+void ItemDataTable::placeItem(FXint row, FXint column, FXTableItem* item) {
+  FXTableItem*& cell = cells[row * ncols + column];
+  if (cell)
+    setItem(row, column, item);
+  else
+    cell = item;
+}
+
 void ItemDataTable::pasteText(const FXString& text) {
   acceptInput(TRUE);
   const std::vector<Line> lines = splitLines(text);
@@ -180,12 +205,12 @@ void ItemDataTable::pasteText(const FXString& text) {
   filled.to.row = filled.fm.row + static_cast<FXint>(lines.size()) - 1;
   filled.to.col = std::min(filled.fm.col + static_cast<FXint>(columns), getNumColumns()) - 1;
 
-  while (getNumRows() <= filled.to.row) appendRow();
+  appendRows(filled.to.row + 1 - getNumRows());
   for (FXint row = filled.fm.row; row <= filled.to.row; ++row) {
     const Line& line = lines[row - filled.fm.row];
     for (FXint column = filled.fm.col; column <= filled.to.col; ++column) {
       const std::size_t field = column - filled.fm.col;
-      if (field < line.size()) fillCell(row, column, line[field]);
+      if (field < line.size()) fillCell(row, column, toText(line[field]));
     }
   }
   tellReplaced(filled);
@@ -205,7 +230,7 @@ long ItemDataTable::onContextMenu(FXObject* sender, FXSelector sel, void* ptr) {
 
 long ItemDataTable::onAddRow(FXObject*, FXSelector, void*) {
   if (!isEditable()) return 1;
-  appendRow();
+  appendRows(1);
   killSelection();
   setCurrentItem(getNumRows() - 1, std::max(current.col, 0));
   setAnchorItem(current.row, current.col);
@@ -233,6 +258,15 @@ long ItemDataTable::onDeleteRow(FXObject*, FXSelector, void*) {
   return 1;
 }
 
+// The toolkit's begins at the first choice whatever the cell shows, so that an arrow key would always take the second.
+FXWindow* ItemDataTable::getControlForItem(FXint row, FXint column) {
+  FXWindow* control = FXTable::getControlForItem(row, column);
+  auto* list = dynamic_cast<FXComboBox*>(control);
+  const FXint shown = list ? list->findItem(list->getText()) : -1;
+  if (shown >= 0) list->setCurrentItem(shown);
+  return control;
+}
+
 bool ItemDataTable::isCell(FXint row, FXint column) const {
   return 0 <= row && row < getNumRows() && 0 <= column && column < getNumColumns();
 }
@@ -252,6 +286,52 @@ bool ItemDataTable::isAtRowsEnd(const FXEvent& tab) const {
 // A cell's editor is one line; a table is for the cells.
 bool ItemDataTable::pastesTable(const FXEvent& key) const {
   return editor && key.code == KEY_v && (key.state & CONTROLMASK) && isOfManyCells(getClipboardText());
+}
+
+bool ItemDataTable::isList(FXint row, FXint column) const {
+  return isCell(row, column) && dynamic_cast<FXComboTableItem*>(getItem(row, column));
+}
+
+// The toolkit's list in a cell has no use for letters and Return, and keeps the Tab key.
+bool ItemDataTable::actOnListKey(const FXEvent& key) {
+  if (!isEditable() || !isList(current.row, current.col)) return false;
+  const auto* list = dynamic_cast<FXComboBox*>(editor);
+  if (list && list->isPaneShown()) return false;
+  switch (key.code) {
+    case KEY_Return:
+    case KEY_KP_Enter:
+      acceptInput(TRUE);
+      return list != nullptr;
+    case KEY_Tab:
+    case KEY_ISO_Left_Tab:
+      acceptInput(TRUE);
+      return false;
+    default:
+      break;
+  }
+  if (!isLetter(key)) return false;
+  lookUp(key);
+  return true;
+}
+
+// The first letters of a choice choose it. Letters that none begins with are taken for a new beginning, so that one
+// letter, pressed again and again, goes through all of its choices.
+void ItemDataTable::lookUp(const FXEvent& key) {
+  startInput(current.row, current.col);
+  auto* list = dynamic_cast<FXComboBox*>(editor);
+  if (!list) return;
+  const bool goesOn = !typed.empty() && key.time - typedAt <= getApp()->getTypingSpeed();
+  typed = goesOn ? typed + key.text : key.text;
+  typedAt = key.time;
+  FXint found = goesOn ? findItem(*list, typed, list->getCurrentItem()) : -1;
+  if (found < 0) {
+    typed = key.text;
+    found = findItem(*list, typed, list->getCurrentItem() + 1);
+  }
+  if (found >= 0)
+    list->setCurrentItem(found);
+  else
+    getApp()->beep();
 }
 
 void ItemDataTable::goToNextRow(const FXEvent& tab) {
@@ -282,9 +362,10 @@ FXString ItemDataTable::getClipboardText() const {
   return FX88591Codec().mb2utf(text);
 }
 
-void ItemDataTable::appendRow() {
+void ItemDataTable::appendRows(FXint count) {
+  if (count < 1) return;
   acceptInput(TRUE);
-  insertRows(getNumRows(), 1, FALSE);
+  insertRows(getNumRows(), count, FALSE);
   if (target) target->tryHandle(this, FXSEL(SEL_COMMAND, ID_ADD_ROW), this);
 }
 

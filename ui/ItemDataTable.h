@@ -20,7 +20,7 @@ class ItemDataTable : public FX::FXTable {
   FXDECLARE(ItemDataTable)
  public:
   enum {
-    ID_ADD_ROW = FX::FXTable::ID_LAST + 1,  ///< to the target: a row was appended, the table is the data
+    ID_ADD_ROW = FX::FXTable::ID_LAST + 1,  ///< to the target: rows were appended, the table is the data
     ID_DELETE_ROW,                          ///< to the target: the row is about to go, its index is the data
     ID_LAST
   };
@@ -50,6 +50,10 @@ class ItemDataTable : public FX::FXTable {
   /// The entry that the cell edits; null when it edits none, or is no cell of the table.
   ItemDataEntry* getEntry(FX::FXint row, FX::FXint column) const;
 
+  /// Gives the cell its item, which the table owns from then on. A cell that had none is not drawn anew for it: rows
+  /// that were appended are drawn as a whole.
+  void placeItem(FX::FXint row, FX::FXint column, FX::FXTableItem* item);
+
   /// Fills the cells from the first selected one on, or from the current one, with a text as spreadsheets copy it.
   void pasteText(const FX::FXString& text);
 
@@ -60,15 +64,21 @@ class ItemDataTable : public FX::FXTable {
  protected:
   ItemDataTable() : menu(nullptr), cellLabel(nullptr) {}
 
+  /// A list begins at the choice that the cell shows.
+  FX::FXWindow* getControlForItem(FX::FXint row, FX::FXint column) override;
+
  private:
   bool isCell(FX::FXint row, FX::FXint column) const;
   bool isForDialog(const FX::FXEvent& key) const;
   bool isAtRowsEnd(const FX::FXEvent& tab) const;
   bool pastesTable(const FX::FXEvent& key) const;
+  bool actOnListKey(const FX::FXEvent& key);
+  bool isList(FX::FXint row, FX::FXint column) const;
+  void lookUp(const FX::FXEvent& key);
   void goToNextRow(const FX::FXEvent& tab);
   void goToClickedCell(const FX::FXEvent& click);
   FX::FXString getClipboardText() const;
-  void appendRow();
+  void appendRows(FX::FXint count);
   void fillCell(FX::FXint row, FX::FXint column, const FX::FXString& text);
   void countOneEach(const FX::FXTableRange& filled);
   void tellReplaced(FX::FXTableRange range);
@@ -76,6 +86,8 @@ class ItemDataTable : public FX::FXTable {
 
   FX::FXMenuPane* menu;    // owned, may be null
   FX::FXLabel* cellLabel;  // not owned, may be null
+  FX::FXString typed;      // what a choice is being looked up by
+  FX::FXuint typedAt = 0;  // when the last letter of it came, in milliseconds
 
   ItemDataTable(const ItemDataTable&) = delete;
   ItemDataTable& operator=(const ItemDataTable&) = delete;

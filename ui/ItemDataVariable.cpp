@@ -14,7 +14,8 @@ namespace Quillane::Plugin::ItemData::UI {
 namespace {
 
 // The pieces of the two queries; the assignment table stands behind the first and the second, the key column behind the
-// third. On purpose: a blank and a semicolon tell the texts apart.
+// third. On purpose: a blank and a semicolon tell the texts apart, and types that the settings do not show are read
+// too.
 constexpr const char* kSqlBegin = "select iv.t_itemvariable_id, ";
 constexpr const char* kIncomingSqlColumns =
     "_id, coalesce(sid.t_itemvariable_1,0) tick, coalesce(sid.position,0), %direction , %productid , iv.name, "

@@ -43,6 +43,21 @@ Key findKey(const std::string& name) {
   return {code, shifted};
 }
 
+std::string keyOf(char letter) {
+  switch (letter) {
+    case ' ':
+      return "space";
+    case '#':
+      return "numbersign";
+    case ',':
+      return "comma";
+    case '.':
+      return "period";
+    default:
+      return std::string(1, letter);
+  }
+}
+
 void send(KeyCode code, bool down) {
   XTestFakeKeyEvent(connection(), code, down ? True : False, CurrentTime);
   XSync(connection(), False);
@@ -70,7 +85,7 @@ void typeKey(const std::string& key, const std::string& modifier) {
 }
 
 void typeText(const std::string& letters) {
-  for (const char letter : letters) typeKey(letter == '.' ? "period" : std::string(1, letter));
+  for (const char letter : letters) typeKey(keyOf(letter));
 }
 
 void holdKey(const std::string& key, bool down) { send(findKey(key).code, down); }

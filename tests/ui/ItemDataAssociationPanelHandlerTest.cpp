@@ -177,6 +177,40 @@ TEST_F(HandlerTest, putsGappedPlacesInOrder) {
   EXPECT_THAT(assignments("product"), ElementsAre("1 11 1 100", "1 13 2 100"));
 }
 
+TEST_F(HandlerTest, givesAPlaceToWhatWasStoredWithoutOne) {
+  run("insert into t_productitemdata (t_product_1, t_itemvariable_1, position, direction) values (1, 13, null, 100)");
+  open<ProductDataWindow>(1);
+  pressOK();
+  EXPECT_THAT(assignments("product"), ElementsAre("1 13 1 100"));
+}
+
+TEST_F(HandlerTest, storesEachAssignmentOfAVariableByItself) {
+  assign(InvoiceItem::ARTICLE_PRODUCT, 1, 100, {11, 13, 11});
+  open<ProductDataWindow>(1);
+  outgoing().getToList()->killSelection();
+  outgoing().getToList()->selectItem(0);
+  outgoing().handle(nullptr, FXSEL(SEL_COMMAND, FXDualList::ID_MAKEUNSELECTED), nullptr);
+  pressOK();
+  EXPECT_THAT(assignments("product"), ElementsAre("1 13 1 100", "1 11 2 100"));
+}
+
+TEST_F(HandlerTest, canTakeEverythingAway) {
+  assign(InvoiceItem::ARTICLE_PRODUCT, 1, 200, {11, 12});
+  assign(InvoiceItem::ARTICLE_PRODUCT, 1, 100, {13});
+  open<ProductDataWindow>(1);
+  giveUp(incoming(), {"Rendelés", "Átvéve"});
+  giveUp(outgoing(), {"Szín"});
+  pressOK();
+  EXPECT_THAT(assignments("product"), IsEmpty());
+}
+
+TEST_F(HandlerTest, storesNothingOfACompanyWithoutVariables) {
+  run("delete from t_itemvariable where type>0");
+  open<ProductDataWindow>(1);
+  EXPECT_EQ(pressOK(), 1);
+  EXPECT_THAT(executed(), IsEmpty());
+}
+
 TEST_F(HandlerTest, leavesOtherArticlesAlone) {
   run("insert into t_product (t_product_id, name) values (4, 'Másik')");
   assign(InvoiceItem::ARTICLE_PRODUCT, 4, 200, {11, 12});
@@ -215,6 +249,24 @@ TEST_F(HandlerTest, keepsAnsweringOneWhenTheDatabaseRefuses) {
   EXPECT_EQ(pressOK(), 1);
   EXPECT_FALSE(db()->commit()) << "the transaction knows";
   EXPECT_THAT(assignments("product"), ElementsAre("1 11 1 200"));
+}
+
+TEST_F(HandlerTest, goesOnWithoutAVariableThatAnotherProgramDeleted) {
+  assign(InvoiceItem::ARTICLE_PRODUCT, 1, 200, {11, 12, 13});
+  open<ProductDataWindow>(1);
+  run("delete from t_itemvariable where t_itemvariable_id=11");
+  ASSERT_TRUE(db()->begin());
+  pressOK();
+  EXPECT_TRUE(db()->commit()) << "its place is as it was stored, so nothing is sent";
+  moveUp(incoming(), "Átvéve");
+  ASSERT_TRUE(db()->begin());
+  pressOK();
+  EXPECT_FALSE(db()->commit()) << "the row to be moved is gone";
+  giveUp(incoming(), {"Rendelés"});
+  ASSERT_TRUE(db()->begin());
+  pressOK();
+  EXPECT_TRUE(db()->commit());
+  EXPECT_THAT(assignments("product"), ElementsAre("1 12 1 200", "1 13 2 200"));
 }
 
 TEST_F(HandlerTest, keepsEverythingToBeStoredAgainAfterATransactionThatCameToNothing) {

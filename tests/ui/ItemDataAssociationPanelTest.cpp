@@ -195,6 +195,46 @@ TEST_F(PanelTest, isNotFilledAgainWhenItIsCreatedAgain) {
   EXPECT_EQ(from.incoming->getNumItems(), 4);
 }
 
+TEST_F(PanelTest, showsAVariableAsOftenAsItIsAssigned) {
+  assign(InvoiceItem::ARTICLE_PRODUCT, 1, 200, {15, 11, 15});
+  openProduct(1);
+  EXPECT_THAT(texts(*to.incoming), ElementsAre("Lejárat", "Rendelés", "Lejárat"));
+  EXPECT_EQ(from.incoming->getNumItems(), 4);
+  EXPECT_NE(variableAt(*to.incoming, 0)->assignId, variableAt(*to.incoming, 2)->assignId);
+}
+
+TEST_F(PanelTest, showsAnAssignmentWithoutAPlaceAsTheFirst) {
+  assign(InvoiceItem::ARTICLE_PRODUCT, 1, 100, {11});
+  run("insert into t_productitemdata (t_product_1, t_itemvariable_1, position, direction) values (1, 13, null, 100)");
+  openProduct(1);
+  EXPECT_THAT(texts(*to.outgoing), ElementsAre("Szín", "Rendelés"));
+  EXPECT_EQ(variableAt(*to.outgoing, 0)->position, 0);
+}
+
+TEST_F(PanelTest, showsNamesAsTheyAreStored) {
+  run("update t_itemvariable set name='100% & \"egyéb\"' || char(9) || 'x' || char(10) || 'y' where "
+      "t_itemvariable_id=11");
+  run("update t_itemvariable set name=null, mandatory=null where t_itemvariable_id=12");
+  openProduct(1);
+  const Lines names = texts(*from.incoming);
+  EXPECT_THAT(names, testing::Contains("100% & \"egyéb\"\tx\ny"));
+  ASSERT_THAT(names, testing::Contains(""));
+  EXPECT_EQ(names.size(), 6u);
+  EXPECT_EQ(variableAt(*from.incoming, from.incoming->findItem(""))->mandatory, 0);
+}
+
+TEST_F(PanelTest, isEmptyForArticlesThatHaveNoAssignmentTable) {
+  product = makeWindow<ProductDataWindow>(1);
+  open(product.get(), "t_partner_1");
+  for (const FXList* list : {from.incoming, from.outgoing, to.incoming, to.outgoing}) EXPECT_EQ(list->getNumItems(), 0);
+}
+
+TEST_F(PanelTest, isEmptyWithoutAWindow) {
+  open(nullptr, "t_product_1");
+  EXPECT_THAT(executed(), IsEmpty());
+  EXPECT_EQ(from.incoming->getNumItems(), 0);
+}
+
 TEST_F(PanelTest, isEmptyWithoutVariables) {
   run("delete from t_itemvariable where type>0");
   openProduct(1);
@@ -295,6 +335,23 @@ TEST_F(PanelTest, hasAScrolledColumnOfTwoTitledChoosers) {
     const auto* room = dynamic_cast<FXVerticalFrame*>(spring->getFirst());
     ASSERT_NE(room, nullptr);
     EXPECT_EQ(room->getPackingHints() & PACK_UNIFORM_HEIGHT, PACK_UNIFORM_HEIGHT);
+  }
+}
+
+TEST_F(PanelTest, givesTheChoosersAllTheRoomBelowALine) {
+  const ItemDataAssociationPanel& panel = openProduct(1);
+  for (const FXDualList* chooser : {panel.getIncoming(), panel.getOutgoing()}) {
+    const auto* box = dynamic_cast<FXGroupBox*>(chooser->getParent());
+    ASSERT_NE(box, nullptr);
+    ASSERT_EQ(box->numChildren(), 2);
+    EXPECT_EQ(box->getHSpacing() + box->getVSpacing(), 0);
+    const auto* line = dynamic_cast<FXHorizontalSeparator*>(box->getFirst());
+    ASSERT_NE(line, nullptr);
+    EXPECT_EQ(line->getSeparatorStyle(), static_cast<FXuint>(SEPARATOR_GROOVE));
+    EXPECT_EQ(line->getLayoutHints(), static_cast<FXuint>(LAYOUT_FILL_X));
+    for (const FXWindow* part : {static_cast<const FXWindow*>(chooser), static_cast<const FXWindow*>(box),
+                                 static_cast<const FXWindow*>(box->getParent())})
+      EXPECT_EQ(part->getLayoutHints() & LAYOUT_FILL, LAYOUT_FILL) << part->getClassName();
   }
 }
 

@@ -10,6 +10,7 @@
 #include "tests/support/FakeInput.h"
 #include "tests/support/KeyScript.h"
 #include "tests/support/ToolkitApplication.h"
+#include "tests/support/WaitCursor.h"
 #include "tests/ui/AssociationFixture.h"
 #include "tests/ui/DialogFixture.h"
 #include "ui/ItemDataAssociationPanel.h"
@@ -87,6 +88,21 @@ class AssociationPanelWindow : public AssociationTest {
   FXint windowsBefore = 0;
 };
 
+TEST_F(AssociationPanelWindow, showsTheWaitCursorWhileItReadsAndWrites) {
+  TestSupport::WaitCursorLog waits(testAccount());
+  db()->setObserver(&waits);
+  open();
+  EXPECT_THAT(waits.counts, ElementsAre(1, 1)) << "one statement for each direction";
+  EXPECT_EQ(TestSupport::getWaitCount(testAccount()), 0u);
+  waits.counts.clear();
+  choose(incoming(), {"Szín"});
+  choose(outgoing(), {"Rendelés"});
+  handler->onOKButton(nullptr, FXSEL(SEL_COMMAND, 1), nullptr);
+  EXPECT_THAT(waits.counts, ElementsAre(1, 1));
+  EXPECT_EQ(TestSupport::getWaitCount(testAccount()), 0u) << "what began has ended";
+  db()->setObserver(nullptr);
+}
+
 TEST_F(AssociationPanelWindow, assignsByClicks) {
   assign(InvoiceItem::ARTICLE_PRODUCT, 1, 100, {16, 12, 13});
   open();
@@ -134,6 +150,29 @@ TEST_F(AssociationPanelWindow, isUsedByKeysAlone) {
 
   handler->onOKButton(nullptr, FXSEL(SEL_COMMAND, 1), nullptr);
   EXPECT_EQ(assignments("product").size(), 2u);
+}
+
+TEST_F(AssociationPanelWindow, choosesTheSelectedFieldsByReturn) {
+  open();
+  incoming().getFromList()->setFocus();
+  typeKey("End");
+  ASSERT_SOON(incoming().getFromList()->isItemSelected(5));
+  const std::string last = text(incoming().getFromList()->getItemText(5));
+  typeKey("Return");
+  ASSERT_SOON(texts(*incoming().getToList()) == Lines{last});
+  incoming().getToList()->setFocus();
+  typeKey("Return");
+  ASSERT_SOON(incoming().getToList()->getNumItems() == 0);
+}
+
+TEST_F(AssociationPanelWindow, explainsItsArrows) {
+  open();
+  for (const FXDualList* chooser : {&incoming(), &outgoing()}) {
+    std::vector<std::string> tips;
+    for (FXArrowButton* button : widgetsIn<FXArrowButton>(*chooser)) tips.push_back(text(button->getTipText()));
+    EXPECT_THAT(tips, ElementsAre("A kijelölt mezők kiválasztása (Enter)", "A kijelölt mezők elhagyása (Enter)",
+                                  "A kijelölt mezők előbbre kerülnek", "A kijelölt mezők hátrébb kerülnek"));
+  }
 }
 
 TEST_F(AssociationPanelWindow, showsBothChoosersWholeAtItsDefaultSize) {

@@ -6,7 +6,9 @@
 #include "fxext/FXComboBox.h"
 #include "fxext/FXDateInput.h"
 #include "itemdata/ItemDataStringEntry.h"
+#include "plugin/contract/Tarnwell.h"
 #include "tests/itemdata/EditorFixture.h"
+#include "tests/plugin/TextCatalogue.h"
 #include "tests/ui/DialogFixture.h"
 
 using namespace FX;
@@ -45,8 +47,68 @@ TEST_F(ItemDataDialogTest, hasOneButtonThatAccepts) {
   EXPECT_EQ(buttons[0]->getTarget(), dialog.get());
   EXPECT_EQ(buttons[0]->getSelector(), 61u);
   EXPECT_EQ(paddingsOf(*buttons[0]), (Paddings{20, 20, 2, 2}));
-  EXPECT_NE(optionsOf(*buttons[0]) & BUTTON_INITIAL, 0u);
-  EXPECT_NE(optionsOf(*buttons[0]) & LAYOUT_RIGHT, 0u);
+  EXPECT_EQ(optionsOf(*buttons[0]),
+            static_cast<FXuint>(BUTTON_NORMAL | BUTTON_INITIAL | BUTTON_DEFAULT | LAYOUT_RIGHT));
+  EXPECT_EQ(buttons[0]->getIcon(), nullptr);
+}
+
+TEST_F(ItemDataDialogTest, hasItsFieldsAboveItsTableAndTheButtonBelow) {
+  open(store({11, 13}, {"0 11 'R'", "1 -1 '1'", "1 13 'A'"}));
+  const auto& frame = dynamic_cast<FXVerticalFrame&>(*dialog->getFirst());
+  EXPECT_EQ(optionsOf(frame), static_cast<FXuint>(LAYOUT_FILL));
+  EXPECT_EQ(paddingsOf(frame), (Paddings{4, 4, 4, 4}));
+  EXPECT_EQ(frame.getVSpacing(), 4);
+  ASSERT_EQ(frame.numChildren(), 4);
+
+  const auto& fields = dynamic_cast<FXMatrix&>(*frame.getFirst());
+  EXPECT_EQ(optionsOf(fields), static_cast<FXuint>(MATRIX_BY_COLUMNS | LAYOUT_FILL_X));
+  EXPECT_EQ(fields.getNumColumns(), 2);
+  EXPECT_EQ(paddingsOf(fields), (Paddings{4, 4, 4, 4}));
+  EXPECT_EQ(fields.getHSpacing(), 4);
+  EXPECT_EQ(fields.getVSpacing(), 4);
+  const auto& label = dynamic_cast<FXLabel&>(*fields.getFirst());
+  EXPECT_EQ(label.getIcon(), nullptr);
+  EXPECT_EQ(label.getLayoutHints(), static_cast<FXuint>(LAYOUT_RIGHT));
+  EXPECT_EQ(paddingsOf(label), (Paddings{2, 2, 2, 2}));
+
+  const auto& around = dynamic_cast<FXHorizontalFrame&>(*fields.getNext());
+  EXPECT_EQ(optionsOf(around), static_cast<FXuint>(FRAME_LINE | LAYOUT_FILL));
+  EXPECT_EQ(paddingsOf(around), (Paddings{0, 0, 0, 0}));
+  EXPECT_EQ(around.getHSpacing(), 4);
+  EXPECT_EQ(around.getFirst(), table());
+  EXPECT_EQ(table()->getTableStyle(), static_cast<FXuint>(TABLE_COL_SIZABLE));
+  EXPECT_EQ(table()->getLayoutHints(), static_cast<FXuint>(LAYOUT_FILL));
+  EXPECT_EQ((Paddings{table()->getMarginLeft(), table()->getMarginRight(), table()->getMarginTop(),
+                      table()->getMarginBottom()}),
+            (Paddings{2, 2, 2, 2}));
+
+  const auto& separator = dynamic_cast<FXHorizontalSeparator&>(*around.getNext());
+  EXPECT_EQ(optionsOf(separator), static_cast<FXuint>(SEPARATOR_GROOVE | LAYOUT_FILL_X | LAYOUT_SIDE_BOTTOM));
+  EXPECT_EQ(paddingsOf(separator), (Paddings{1, 1, 0, 0}));
+  const auto& buttons = dynamic_cast<FXHorizontalFrame&>(*separator.getNext());
+  EXPECT_EQ(optionsOf(buttons), static_cast<FXuint>(LAYOUT_FILL_X | LAYOUT_SIDE_BOTTOM));
+  EXPECT_EQ(paddingsOf(buttons), (Paddings{4, 4, 4, 4}));
+  EXPECT_EQ(buttons.getHSpacing(), 4);
+}
+
+TEST_F(ItemDataDialogTest, translatesItsTextsAndNoNameOfAVariable) {
+  const TextCatalogue catalogue("QuillanePluginItemData", {{"%s egyéb tételadatai", "Other data of %s"},
+                                                           {"&OK", "&Done"},
+                                                           {"&Új sor\tIns", "&New row\tIns"},
+                                                           {"&Törlés\tDel", "&Delete\tDel"},
+                                                           {"Rendelés", "Order"},
+                                                           {"Mennyiség", "Quantity"},
+                                                           {"Gyári szám", "Serial number"}});
+  open(store({11}, {}));
+  EXPECT_EQ(fieldLabels(), (Lines{"Rendelés:"}));
+  open(store({13}, {}));
+  EXPECT_EQ(dialog->getTitle(), "Other data of Fúrógép");
+  EXPECT_EQ(widgetsIn<FXButton>(*dialog->getFirst()->getLast()).at(0)->getText(), "Done");
+  EXPECT_EQ(headers(), (Lines{"Mennyiség", "Gyári szám"}));
+  Lines commands;
+  for (const FXMenuCommand* entry : widgetsIn<FXMenuCommand>(*table()->getMenu()))
+    commands.push_back(text(entry->getText()));
+  EXPECT_EQ(commands, (Lines{"New row", "Delete"}));
 }
 
 TEST_F(ItemDataDialogTest, saysHowRowsAreAddedWhereTheyCanBe) {
@@ -109,6 +171,20 @@ TEST_F(ItemDataDialogTest, keepsTheRuleOfTheHeadersWithPerItemVariables) {
   EXPECT_EQ(headers(), (Lines{"", "Mennyiség", "Gyári szám"})) << "one row";
   open(store({11, 13, 16}, rowsOneToThree));
   EXPECT_EQ(headers(), (Lines{"", "Mennyiség", "Gyári szám"})) << "three rows";
+}
+
+// The first cells have the indexes 2, 3 and 4: up to the number of rows the index tells the header, behind it the
+// column.
+TEST_F(ItemDataDialogTest, keepsNamingColumnsByTheNumberOfRows) {
+  Lines entries = {"0 11 ''", "0 12 ''"};
+  const Lines expected[] = {{"Rendelés", "Átvéve", "Mennyiség"}, {"", "Átvéve", "Mennyiség"}, {"", "", "Mennyiség"}};
+  for (int rows = 1; rows <= 3; ++rows) {
+    const std::string row = std::to_string(rows);
+    for (const char* rest : {" -1 '1'", " 13 'A'", " 16 'x'"}) entries.push_back(row + rest);
+    open(store({11, 12, 13, 16}, entries));
+    EXPECT_EQ(headers(), expected[rows - 1]) << rows << " rows";
+    EXPECT_EQ(table()->getColumnWidth(2), 189) << "a third of the width, without its fraction";
+  }
 }
 
 TEST_F(ItemDataDialogTest, survivesHeadersThatAreNoColumns) {
@@ -227,6 +303,17 @@ TEST_F(ItemDataDialogTest, proposesFractions) {
   open(list);
   command(ItemDataTable::ID_ADD_ROW);
   EXPECT_EQ(cells().back(), "2.25|");
+}
+
+TEST_F(ItemDataDialogTest, fillsAllRowsThatWereAppendedAtOnce) {
+  ItemDataList* list = store({13}, {"1 -1 '2'", "1 13 'A'"});
+  open(list);
+  table()->insertRows(1, 3);
+  dialog->handle(table(), FXSEL(SEL_COMMAND, ItemDataTable::ID_ADD_ROW), table());
+  EXPECT_EQ(cells(), (Lines{"2|A", "3|", "0|", "0|"}));
+  EXPECT_EQ(lines(*list),
+            (Lines{"1 -1 '2'", "1 13 'A'", "2 -1 '3'", "2 13 ''", "3 -1 '0'", "3 13 ''", "4 -1 '0'", "4 13 ''"}));
+  EXPECT_EQ(table()->getEntry(3, 1), list->at(7));
 }
 
 TEST_F(ItemDataDialogTest, leavesAQuantityAloneThatComesWithTheRow) {
@@ -476,6 +563,12 @@ TEST_F(ItemDataDialogTest, hasAMenuWithTheKeysOfItsCommands) {
   EXPECT_EQ(entries[1]->getAccelText(), "Del");
   EXPECT_EQ(entries[1]->getSelector(), 89u);
   EXPECT_EQ(table()->getMenu()->getOwner(), dialog.get());
+  EXPECT_EQ(entries[0]->getIcon(), testAccount().getAddIcon());
+  EXPECT_EQ(entries[1]->getIcon(), testAccount().getDeleteIcon());
+  for (const FXMenuCommand* entry : entries) {
+    EXPECT_EQ(entry->getTarget(), table());
+    EXPECT_NE(entry->getIcon(), nullptr);
+  }
 }
 
 }  // namespace

@@ -175,6 +175,55 @@ TEST_F(ItemDataDialogWindow, recordsThreeSerialNumbersByTheKeyboardAlone) {
   EXPECT_EQ(lines(*list), (Lines{"1 -1 '1'", "1 13 'SN-1'", "2 -1 '1'", "2 13 'SN-2'", "3 -1 '1'", "3 13 'SN-3'"}));
 }
 
+TEST_F(ItemDataDialogWindow, choosesInACellByTheFirstLetters) {
+  ItemDataList* list = store({13, 14}, {"1 -1 '1'", "1 13 'A'", "1 14 ''", "2 -1 '1'", "2 13 'B'", "2 14 ''"});
+  run(list, [&] {
+    const auto shownChoice = [this] {
+      const auto editors = widgetsIn<FXComboBox>(*table());
+      return editors.empty() ? "no editor" : text(editors.at(0)->getText());
+    };
+    EXPECT_SOON(table()->hasFocus());
+    table()->setCurrentItem(0, 2);
+    type("hib");
+    EXPECT_SOON(shownChoice() == "hibás");
+    EXPECT_EQ(text(list->at(2)->value), "") << "it is not taken yet";
+    typeKey("Return");
+    EXPECT_SOON(shownChoice() == "no editor");
+    EXPECT_EQ(text(list->at(2)->value), "hibás");
+
+    // One letter again and again goes through its choices; Tab takes the last one and goes on.
+    typeKey("h");
+    EXPECT_SOON(shownChoice() == " használt");
+    typeKey("h");
+    EXPECT_SOON(shownChoice() == "hibás");
+    typeKey("h");
+    EXPECT_SOON(shownChoice() == " használt");
+    typeKey("x");  // no choice begins with it
+    runEvents(50);
+    EXPECT_EQ(shownChoice(), " használt");
+    typeKey("Tab");
+    EXPECT_SOON(table()->getCurrentRow() == 1 && table()->getCurrentColumn() == 0);
+    EXPECT_EQ(text(list->at(2)->value), " használt");
+
+    table()->setCurrentItem(1, 2);
+    typeKey("h");
+    EXPECT_SOON(shownChoice() == " használt");
+    typeKey("Escape");
+    EXPECT_SOON(shownChoice() == "no editor");
+    EXPECT_EQ(text(list->at(5)->value), "");
+    typeKey("h");
+    typeKey("Tab", "Shift_L");
+    EXPECT_SOON(table()->getCurrentColumn() == 1);
+    EXPECT_EQ(text(list->at(5)->value), " használt");
+    typeKey("Right");
+    typeKey("space");  // the blank
+    EXPECT_SOON(shownChoice() == " ");
+    typeKey("o", "Alt_L");
+  });
+  EXPECT_EQ(text(list->at(2)->value), " használt");
+  EXPECT_EQ(text(list->at(5)->value), " ");
+}
+
 TEST_F(ItemDataDialogWindow, addsAndDeletesRowsByKeysInTheTable) {
   ItemDataList* list = store({13}, {"1 -1 '1' #1", "1 13 'A' #2"});
   run(list, [&] {
@@ -315,6 +364,26 @@ TEST_F(ItemDataDialogWindow, choosesAndDatesByTheKeyboardAlone) {
   EXPECT_EQ(lines(*list), (Lines{"0 15 'zöld'", "0 12 '2024.09.26'"}));
 }
 
+TEST_F(ItemDataDialogWindow, choosesInACellByTheArrowKeys) {
+  ItemDataList* list = store({14}, {"1 -1 '1'", "1 14 ''"});
+  run(list, [&] {
+    table()->setCurrentItem(0, 1);
+    table()->setFocus();
+    const auto step = [&](const char* arrow, const char* expected) {
+      runEvents(kEditorsEnd);
+      typeKey("F2");
+      EXPECT_SOON(!widgetsIn<FXComboBox>(*table()).empty());
+      typeKey(arrow);
+      EXPECT_SOON(text(list->at(1)->value) == expected);
+    };
+    step("Down", "új");
+    step("Down", " használt");
+    step("Up", "új");
+    typeKey("o", "Alt_L");
+  });
+  EXPECT_EQ(text(list->at(1)->value), "új");
+}
+
 // The activation of a window can come before the first idle moment, in which fields take over the texts of entries.
 TEST_F(ItemDataDialogWindow, showsWhatIsRecordedInTheFieldThatGetsTheKeyboardAtOnce) {
   for (const int variable : {11, 12, 15}) {
@@ -400,6 +469,28 @@ TEST_F(ItemDataDialogWindow, addsAndDeletesRowsByItsMenu) {
     click(*okButton());
   });
   EXPECT_EQ(lines(*list), (Lines{"1 -1 '1'", "1 13 'A'", "3 -1 '1'", "3 13 'C'", "4 -1 '3'", "4 13 ''"}));
+}
+
+TEST_F(ItemDataDialogWindow, opensItsMenuAtTheMouse) {
+  run(store({13}, {"1 -1 '1'", "1 13 'A'"}), [&] {
+    const FXMenuPane* menu = table()->getMenu();
+    FXTablePos opened{-1, -1};
+    {
+      const Meanwhile inMenu([&] { return isOnScreen(*menu->getLast()); },
+                             [&] {
+                               opened = {menu->getY(), menu->getX()};
+                               click(*dialog, 1, 2, 2);
+                             });
+      clickCell(0, 1, kRight);
+    }
+    const FXTablePos clicked = cellAt(0, 1);
+    FXint x = 0;
+    FXint y = 0;
+    table()->translateCoordinatesTo(x, y, table()->getRoot(), clicked.col, clicked.row);
+    EXPECT_EQ(opened.col, x);
+    EXPECT_EQ(opened.row, y);
+    click(*okButton());
+  });
 }
 
 TEST_F(ItemDataDialogWindow, leavesAndUsesItsMenuByKeys) {

@@ -132,6 +132,25 @@ TEST_F(ItemDataSettingsPanelTest, translatesTitlesAndKinds) {
   EXPECT_THAT(rows(), ElementsAre("5: Gyári szám|Text|x|x|", "7: Szín|List|-|-|piros,kék", "12: Lejárat|Date|-|x|"));
 }
 
+TEST_F(ItemDataSettingsPanelTest, translatesWhatItSaysAndAsks) {
+  const TextCatalogue catalogue("QuillanePluginItemData",
+                                {{"A lista elemei hiányosak!", "The list is incomplete!"},
+                                 {"Kérem töltse ki a hiányzó adatokat!", "Please fill in what is missing!"},
+                                 {"Törlés a táblázatból", "Delete from the table"},
+                                 {"Biztos, hogy törli a kijelölt sorokat?", "Delete the selected rows?"}});
+  open();
+  addRow("", "1");
+  const auto told = answer(FXMessageBox::ID_CLICKED_OK, [&] { command(ItemDataSettingsPanel::ID_ACCEPT); });
+  selectRows(0, 0);
+  const auto asked = answer(FXMessageBox::ID_CLICKED_NO, [&] { deleteSelected(); });
+  ASSERT_EQ(told.size(), 1u);
+  ASSERT_EQ(asked.size(), 1u);
+  EXPECT_EQ(told[0].title, "The list is incomplete!");
+  EXPECT_EQ(told[0].text, "Please fill in what is missing!");
+  EXPECT_EQ(asked[0].title, "Delete from the table");
+  EXPECT_EQ(asked[0].text, "Delete the selected rows?");
+}
+
 TEST_F(ItemDataSettingsPanelTest, showsTheVariablesUnderTheirKeys) {
   fillVariables();
   EXPECT_THAT(watch([this] { open(); }), ElementsAre(kLoad));
@@ -171,6 +190,32 @@ TEST_F(ItemDataSettingsPanelTest, tellsItsTableToTalkToIt) {
   EXPECT_EQ(table().getTarget(), panel.get());
   EXPECT_EQ(table().getSelector(), 103u);
   EXPECT_EQ(panel->onContextMenu(nullptr, 0, nullptr), 1);
+}
+
+TEST_F(ItemDataSettingsPanelTest, keepsItsTableInALinedFrame) {
+  open();
+  const auto* frame = dynamic_cast<FXHorizontalFrame*>(table().getParent());
+  ASSERT_NE(frame, nullptr);
+  EXPECT_EQ(frame->getParent(), panel->getContentFrame());
+  EXPECT_EQ(frame->getFrameStyle(), FRAME_LINE);
+  EXPECT_EQ(frame->getLayoutHints() & LAYOUT_FILL, LAYOUT_FILL);
+  for (const FXint padding : {frame->getPadLeft(), frame->getPadRight(), frame->getPadTop(), frame->getPadBottom()})
+    EXPECT_EQ(padding, 0);
+  EXPECT_EQ(frame->getHSpacing(), 4);
+  EXPECT_EQ(frame->getVSpacing(), 4);
+  EXPECT_EQ(table().getTableStyle() & TABLE_COL_SIZABLE, TABLE_COL_SIZABLE);
+  EXPECT_EQ(table().getTableStyle() & TABLE_ROW_SIZABLE, 0u);
+  EXPECT_EQ(table().getLayoutHints() & LAYOUT_FILL, LAYOUT_FILL);
+  EXPECT_EQ(table().getMarginLeft() + table().getMarginRight() + table().getMarginTop() + table().getMarginBottom(), 8);
+}
+
+TEST_F(ItemDataSettingsPanelTest, answersItsThreeMessagesOnly) {
+  open();
+  table().setTarget(nullptr);
+  for (const FXuint id : {FXuint{ItemDataSettingsPanel::ID_TABLE}, FXuint{DBTable::ID_ADD_ROW}}) {
+    for (const FXuint type : {SEL_COMMAND, SEL_UPDATE, SEL_CHANGED, SEL_REPLACED, SEL_SELECTED})
+      EXPECT_EQ(panel->handle(&table(), FXSEL(type, id), nullptr), 0) << type << " " << id;
+  }
 }
 
 // ---- what is complete
@@ -217,6 +262,24 @@ TEST_F(ItemDataSettingsPanelTest, acceptsStoredRows) {
   EXPECT_EQ(runAndAccept(), 1u);
 }
 
+TEST_F(ItemDataSettingsPanelTest, acceptsATableWithoutRows) {
+  open();
+  EXPECT_EQ(runAndAccept(), 1u);
+  EXPECT_THAT(watch([this] { EXPECT_EQ(save(), 1); }), IsEmpty());
+}
+
+TEST_F(ItemDataSettingsPanelTest, takesWhatIsMissingInAStoredRowForMissing) {
+  company.fill("t_itemvariable", {{"t_itemvariable_id", "name", "type", "process", "mandatory", "vvalue"},
+                                  {"5", "Szín", "3", "0", "0", "NULL"}});
+  open();
+  EXPECT_EQ(panel->checkItemList(), 0) << "a list that another program stored without choices";
+  table().setItemText(0, PARAMETER, "piros");
+  EXPECT_EQ(panel->checkItemList(), 1);
+  company.run("update t_itemvariable set name=null, vvalue='piros'");
+  open();
+  EXPECT_EQ(panel->checkItemList(), 0) << "a name that is none";
+}
+
 TEST_F(ItemDataSettingsPanelTest, staysOpenWhenARowIsIncomplete) {
   fillVariables();
   open();
@@ -233,6 +296,23 @@ TEST_F(ItemDataSettingsPanelTest, staysOpenWhenARowIsIncomplete) {
   EXPECT_THAT(rows(), ElementsAre("5: Gyári szám|Szöveg|x|x|", "7: Szín|Lista|-|-|piros,kék", "12: Lejárat|Dátum|-|x|",
                                   "-1: Méret|Lista|-|-|"))
       << "everything typed is still there";
+}
+
+TEST_F(ItemDataSettingsPanelTest, goesToWhatIsMissing) {
+  fillVariables();
+  open();
+  addRow("Méret", "");
+  table().setCurrentItem(0, NAME);
+  const auto refuse = [this] {
+    answer(FXMessageBox::ID_CLICKED_OK, [this] { command(ItemDataSettingsPanel::ID_ACCEPT); });
+    return std::pair{table().getCurrentRow(), table().getCurrentColumn()};
+  };
+  EXPECT_EQ(refuse(), (std::pair{3, int{TYPE}}));
+  table().setValueKey(3, TYPE, "3");
+  EXPECT_EQ(refuse(), (std::pair{3, int{PARAMETER}}));
+  table().setItemText(1, NAME, "");
+  EXPECT_EQ(refuse(), (std::pair{1, int{NAME}})) << "the first row comes first";
+  EXPECT_FALSE(table().isAnythingSelected()) << "what is typed replaces nothing else";
 }
 
 TEST_F(ItemDataSettingsPanelTest, endsOnlyWhenWhatWasMissingIsThere) {
@@ -328,6 +408,75 @@ TEST_F(ItemDataSettingsPanelTest, deletesRowsOfWhichACellIsSelected) {
   EXPECT_EQ(table().getNumRows(), 2);
 }
 
+TEST_F(ItemDataSettingsPanelTest, keepsAnsweringZeroWhenItDeletedRows) {
+  fillVariables();
+  open();
+  selectRows(0, 0);
+  long answered = 1;
+  answer(FXMessageBox::ID_CLICKED_YES, [&] { answered = deleteSelected(); });
+  EXPECT_EQ(table().getNumRows(), 2);
+  EXPECT_EQ(answered, 0);
+}
+
+TEST_F(ItemDataSettingsPanelTest, deletesTheRowThatIsBeingEdited) {
+  fillVariables();
+  open();
+  table().startInput(1, NAME);
+  auto fields = widgetsIn<FXTextField>(table());
+  ASSERT_EQ(fields.size(), 1u);
+  fields[0]->setText("Árnyalat");
+  selectRows(1, 1);
+  answer(FXMessageBox::ID_CLICKED_YES, [&] { deleteSelected(); });
+  EXPECT_THAT(rows(), ElementsAre("5: Gyári szám|Szöveg|x|x|", "12: Lejárat|Dátum|-|x|"));
+  EXPECT_THAT(widgetsIn<FXTextField>(table()), IsEmpty());
+  EXPECT_EQ(save(), 1);
+  EXPECT_EQ(stored().size(), 2u);
+}
+
+TEST_F(ItemDataSettingsPanelTest, keepsWhatIsTypedInARowThatIsNotDeleted) {
+  fillVariables();
+  open();
+  table().startInput(2, NAME);
+  auto fields = widgetsIn<FXTextField>(table());
+  ASSERT_EQ(fields.size(), 1u);
+  fields[0]->setText("Szavatosság");
+  selectRows(0, 1);
+  answer(FXMessageBox::ID_CLICKED_YES, [&] { deleteSelected(); });
+  EXPECT_THAT(rows(), ElementsAre("12: Szavatosság|Dátum|-|x|"));
+}
+
+TEST_F(ItemDataSettingsPanelTest, canLoseAllItsRowsAndGetNewOnes) {
+  fillVariables();
+  open();
+  selectRows(0, 2);
+  answer(FXMessageBox::ID_CLICKED_YES, [&] { deleteSelected(); });
+  EXPECT_THAT(rows(), IsEmpty());
+  EXPECT_THAT(table().getDeletedKeys(), ElementsAre(5, 7, 12));
+  State state{};
+  EXPECT_THAT(watch([&] { state = askForState(); }), IsEmpty()) << "there is no current row";
+  EXPECT_EQ(state.answer, -1);
+  EXPECT_EQ(panel->checkItemList(), 1);
+  addRow("Méret", "1");
+  EXPECT_EQ(save(), 1);
+  EXPECT_EQ(stored(), (Grid{{"1", "Méret", "1", "0", "0", ""}}));
+}
+
+TEST_F(ItemDataSettingsPanelTest, keepsAVariableStoredWhoseKeyLooksLikeANewRows) {
+  company.fill("t_itemvariable", {{"t_itemvariable_id", "name", "type", "process", "mandatory", "vvalue"},
+                                  {"-2", "Kézzel beírt", "1", "0", "0", ""}});
+  open();
+  addRow("Első", "1");
+  addRow("Második", "2");
+  EXPECT_THAT(rows(), ElementsAre("-2: Kézzel beírt|Szöveg|-|-|", "-1: Első|Szöveg|-|-|", "-3: Második|Dátum|-|-|"));
+  selectRows(0, 0);
+  answer(FXMessageBox::ID_CLICKED_YES, [&] { deleteSelected(); });
+  EXPECT_THAT(table().getDeletedKeys(), IsEmpty());
+  EXPECT_EQ(save(), 1);
+  EXPECT_EQ(stored(), (Grid{{"-2", "Kézzel beírt", "1", "0", "0", ""},
+                            {"1", "Első", "1", "0", "0", ""},
+                            {"2", "Második", "2", "0", "0", ""}}));
+}
+
 TEST_F(ItemDataSettingsPanelTest, writesNothingWhileRowsAreDeleted) {
   fillVariables();
   open();
@@ -398,6 +547,25 @@ TEST_P(AssignedVariable, cannotBeDeleted) {
 INSTANTIATE_TEST_SUITE_P(To, AssignedVariable, testing::Values("product", "service", "suite"),
                          [](const auto& test) { return std::string(test.param); });
 
+TEST_F(ItemDataSettingsPanelTest, tellsWhichVariableCannotBeDeleted) {
+  fillVariables();
+  company.run("update t_itemvariable set name='R&D' || char(9) || '100%' where t_itemvariable_id=7");
+  assign("product", 7);
+  open();
+  const auto says = [this](const char* sentence) {
+    for (const FXLabel* label : widgetsIn<FXLabel>(*panel))
+      if (label->getText() == sentence) return true;
+    return false;
+  };
+  const char* const inUse = "„R&D 100%” nem törölhető, mert cikkekhez van hozzárendelve.";
+  table().setCurrentItem(1, 0);
+  expectDisabled();
+  EXPECT_TRUE(says(inUse));
+  table().setCurrentItem(0, 0);
+  expectEnabled();
+  EXPECT_FALSE(says(inUse)) << "that is another one";
+}
+
 TEST_F(ItemDataSettingsPanelTest, letsNewRowsBeDeleted) {
   fillVariables();
   for (const char* article : {"product", "service", "suite"}) assign(article, 7);
@@ -455,6 +623,74 @@ TEST_F(ItemDataSettingsPanelTest, savesNothingWhenNothingChanged) {
   fillVariables();
   open();
   EXPECT_THAT(watch([this] { EXPECT_EQ(save(), 1); }), IsEmpty());
+}
+
+TEST_F(ItemDataSettingsPanelTest, savesOddTextsAsTheyAreTyped) {
+  const char* const name = "100% \"új\"\t'x';--\n%id & társa";
+  open();
+  addRow(name, "3", "50%,\"a\"");
+  EXPECT_EQ(save(), 1);
+  EXPECT_EQ(stored(), (Grid{{"1", name, "3", "0", "0", "50%,\"a\""}}));
+  open();
+  EXPECT_EQ(table().getItemText(0, NAME), name);
+  table().startInput(0, NAME);
+  table().acceptInput(TRUE);
+  EXPECT_FALSE(table().isChangedRow(0)) << "edited and left as it was";
+}
+
+TEST_F(ItemDataSettingsPanelTest, leavesWhatItDoesNotKnowAsItIsStored) {
+  company.fill("t_itemvariable", {{"t_itemvariable_id", "name", "type", "process", "mandatory", "vvalue"},
+                                  {"5", "Különös", "7", "NULL", "2", "NULL"},
+                                  {"6", "Másik", "8", "NULL", "NULL", "NULL"}});
+  open();
+  EXPECT_THAT(rows(), ElementsAre("5: Különös|7|-|x|", "6: Másik|8|-|-|"));
+  EXPECT_EQ(panel->checkItemList(), 1);
+  EXPECT_THAT(watch([this] { EXPECT_EQ(save(), 1); }), IsEmpty());
+  table().setItemText(0, NAME, "Rejtélyes");
+  EXPECT_EQ(save(), 1);
+  EXPECT_EQ(stored(), (Grid{{"5", "Rejtélyes", "7", "NULL", "2", ""}, {"6", "Másik", "8", "NULL", "NULL", "NULL"}}));
+}
+
+TEST_F(ItemDataSettingsPanelTest, tellsThatAnotherProgramDeletedTheVariable) {
+  fillVariables();
+  open();
+  table().setItemText(0, NAME, "Széria");
+  table().setItemText(2, NAME, "Szavatosság");
+  company.run("delete from t_itemvariable where t_itemvariable_id=5");
+  std::string told;
+  {
+    const TestSupport::ModalDriver driver([&](FXDialogBox& dialog) {
+      for (const FXText* text : widgetsIn<FXText>(dialog)) told += text->getText().text();
+      TestSupport::cancel(dialog);
+    });
+    EXPECT_EQ(save(), 1);
+  }
+  EXPECT_THAT(told,
+              testing::StartsWith("A táblázat 1. sora nem menthető: \"Széria\".\nA módosítandó sor már nincs meg"));
+  EXPECT_EQ(stored(), (Grid{{"7", "Szín", "3", "0", "0", "piros,kék"}, {"12", "Lejárat", "2", "0", "1", ""}}))
+      << "all or nothing";
+}
+
+TEST_F(ItemDataSettingsPanelTest, deletesWithoutAWordWhatAnotherProgramDeletedAlready) {
+  fillVariables();
+  open();
+  selectRows(0, 0);
+  answer(FXMessageBox::ID_CLICKED_YES, [&] { deleteSelected(); });
+  company.run("delete from t_itemvariable where t_itemvariable_id=5");
+  EXPECT_THAT(answer(FXDialogBox::ID_CANCEL, [&] { EXPECT_EQ(save(), 1); }), IsEmpty());
+  EXPECT_EQ(stored().size(), 2u);
+}
+
+TEST_F(ItemDataSettingsPanelTest, deletesItsAssignmentsWithAVariable) {
+  fillVariables();
+  assign("product", 7, 2);
+  open();
+  selectRows(0, 2);
+  table().setCurrentItem(0, NAME);
+  expectEnabled();  // only the current row is asked about
+  answer(FXMessageBox::ID_CLICKED_YES, [&] { deleteSelected(); });
+  EXPECT_EQ(save(), 1);
+  EXPECT_EQ(company.query("select count(*) from t_productitemdata"), (Grid{{"0"}}));
 }
 
 TEST_F(ItemDataSettingsPanelTest, keepsSavingSuccessfulWhenTheDatabaseRefuses) {

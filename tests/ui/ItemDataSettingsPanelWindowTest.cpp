@@ -8,9 +8,12 @@
 #include "plugin/contract/DBTable.h"
 #include "tests/support/FakeInput.h"
 #include "tests/support/KeyScript.h"
+#include "tests/support/ModalDriver.h"
 #include "tests/support/ToolkitApplication.h"
+#include "tests/support/WaitCursor.h"
 #include "tests/ui/DialogFixture.h"
 #include "tests/ui/SettingsFixture.h"
+#include "ui/ItemDataSettingsPersister.h"
 
 using namespace FX;
 using testing::ElementsAre;
@@ -63,6 +66,25 @@ class ItemDataSettingsPanelWindow : public SettingsTest {
     return false;
   }
 
+  /// The button with this text in the settings.
+  static FXButton* button(const char* text) {
+    for (FXButton* found : widgetsIn<FXButton>(*settings()))
+      if (found->getText() == text) return found;
+    return nullptr;
+  }
+
+  static bool says(const char* sentence) {
+    for (const FXLabel* label : widgetsIn<FXLabel>(*settings()))
+      if (label->getText() == sentence) return true;
+    return false;
+  }
+
+  /// The list of a cell's choices, while it is open; null when it is not.
+  static FXWindow* openList() {
+    FXWindow* popup = testAccount().getPopupWindow();
+    return popup && isOnScreen(*popup) ? popup : nullptr;
+  }
+
   static bool isIn(FXint row, FXint column) {
     return testAccount().getModalWindow() == settings() && !isEditing() && table().getCurrentRow() == row &&
            table().getCurrentColumn() == column;
@@ -96,6 +118,41 @@ class ItemDataSettingsPanelWindow : public SettingsTest {
   FXint windowsBefore = 0;
 };
 
+TEST_F(ItemDataSettingsPanelWindow, showsTheWaitCursorWhileItReadsAndWrites) {
+  fillVariables();
+  TestSupport::WaitCursorLog waits(testAccount());
+  company.getDB()->setObserver(&waits);
+  open();
+  EXPECT_THAT(waits.counts, ElementsAre(1));
+  waits.counts.clear();
+  panel->getTable()->setItemText(0, NAME, "Széria");
+  ItemDataSettingsPersister persister(company.getDB());
+  panel->save(&persister);
+  EXPECT_THAT(waits.counts, ElementsAre(1));
+  EXPECT_EQ(TestSupport::getWaitCount(testAccount()), 0u) << "what began has ended";
+  company.getDB()->setObserver(nullptr);
+  panel.reset();
+}
+
+TEST_F(ItemDataSettingsPanelWindow, waitsForTheUserWithoutTheWaitCursor) {
+  fillVariables();
+  company.run("create trigger refuse before update on t_itemvariable begin select raise(abort, 'no'); end");
+  open();
+  panel->getTable()->setItemText(0, NAME, "Széria");
+  ItemDataSettingsPersister persister(company.getDB());
+  std::vector<FXuint> counts;
+  {
+    const TestSupport::ModalDriver driver([&counts](FXDialogBox& dialog) {
+      counts.push_back(TestSupport::getWaitCount(testAccount()));
+      TestSupport::cancel(dialog);
+    });
+    panel->save(&persister);
+  }
+  EXPECT_THAT(counts, ElementsAre(0));
+  EXPECT_EQ(TestSupport::getWaitCount(testAccount()), 0u);
+  panel.reset();
+}
+
 TEST_F(ItemDataSettingsPanelWindow, definesAListByTheKeyboardAlone) {
   fillVariables();
   KeyScript script;
@@ -108,13 +165,9 @@ TEST_F(ItemDataSettingsPanelWindow, definesAListByTheKeyboardAlone) {
         typeText("Meret");
         typeKey("Tab");
       });
-  // The next one with each arrow, which ends the choosing.
-  for (const char* before : {"", "Szöveg", "Dátum"}) {
-    script.step(
-        std::string("the type after ") + before,
-        [before] { return isIn(3, TYPE) && table().getItemText(3, TYPE) == before; }, [] { typeKey("F2"); });
-    script.step("the types can be chosen", isEditing, [] { typeKey("Down"); });
-  }
+  script.step(
+      "the type is next", [] { return isIn(3, TYPE); }, [] { typeKey("L"); });
+  script.step("the types can be chosen", isEditing, [] { typeKey("Return"); });
   script.step(
       "a list is chosen", [] { return isIn(3, TYPE) && table().getItemText(3, TYPE) == "Lista"; },
       [] { typeKey("Tab"); });
@@ -160,6 +213,91 @@ TEST_F(ItemDataSettingsPanelWindow, takesOverTheCellThatIsBeingEditedWhenOKIsPre
   EXPECT_EQ(company.query("select name from t_itemvariable where t_itemvariable_id=5"), (Grid{{"Szeria"}}));
 }
 
+TEST_F(ItemDataSettingsPanelWindow, definesAFieldByTheMouse) {
+  fillVariables();
+  KeyScript script;
+  begin(script);
+  script.step(
+      "the first row is current", [] { return isIn(0, NAME); },
+      [] {
+        takeScreenshot("settings-buttons");
+        click(*button("Új mező"));
+      });
+  script.step(
+      "there is a new row", [] { return isIn(3, NAME) && table().hasFocus(); },
+      [] {
+        typeText("Meret");
+        clickCell(3, TYPE);
+      });
+  script.step(
+      "its type is current", [] { return isIn(3, TYPE); }, [] { clickCell(3, TYPE); });
+  script.step(
+      "the types are listed", [] { return openList() != nullptr; },
+      [] {
+        const FXWindow& list = *openList();
+        TestSupport::movePointer(list);
+        click(list, 1, list.getWidth() / 2, list.getHeight() / 2);
+      });
+  script.step(
+      "the second is chosen", [] { return isIn(3, TYPE) && table().getItemText(3, TYPE) == "Dátum"; },
+      [] { typeKey("o", "Alt_L"); });
+  EXPECT_EQ(run(script), 1);
+  EXPECT_EQ(company.query("select name, type from t_itemvariable where t_itemvariable_id=13"), (Grid{{"Meret", "2"}}));
+}
+
+TEST_F(ItemDataSettingsPanelWindow, deletesByItsButtonWhatIsNotInUse) {
+  fillVariables();
+  assign("service", 5);
+  KeyScript script;
+  begin(script);
+  script.step(
+      "the first row is current", [] { return isIn(0, NAME); }, [] { click(*button("Törlés")); });
+  script.step(
+      "the reason is told", [] { return says("„Gyári szám” nem törölhető, mert cikkekhez van hozzárendelve."); },
+      [] {
+        EXPECT_EQ(box(), nullptr);
+        takeScreenshot("settings-in-use");
+        clickCell(1, NAME);
+      });
+  script.step(
+      "the second row is current", [] { return isIn(1, NAME); }, [] { typeKey("t", "Alt_L"); });
+  script.step(
+      "the user is asked", [] { return box() != nullptr; }, [] { box()->setFocus(); });
+  script.step(
+      "the box has the keyboard", [] { return testAccount().getActiveWindow() == box(); },
+      [] { typeKey("y", "Alt_L"); });
+  script.step(
+      "the row is gone", [] { return box() == nullptr && table().getNumRows() == 2; },
+      [] {
+        EXPECT_FALSE(says("„Gyári szám” nem törölhető, mert cikkekhez van hozzárendelve."));
+        settings()->setFocus();
+      });
+  script.step(
+      "the settings have the keyboard again", [] { return testAccount().getActiveWindow() == settings(); },
+      [] {
+        EXPECT_TRUE(table().hasFocus()) << "what is typed next is for the table";
+        typeKey("o", "Alt_L");
+      });
+  EXPECT_EQ(run(script), 1);
+  EXPECT_EQ(company.query("select t_itemvariable_id from t_itemvariable where t_itemvariable_id>0 order by 1"),
+            (Grid{{"5"}, {"12"}}));
+}
+
+TEST_F(ItemDataSettingsPanelWindow, asksTheDatabaseNothingWhileItWaits) {
+  fillVariables();
+  KeyScript script;
+  std::vector<std::string> asked;
+  begin(script);
+  script.step(
+      "the first row is current", [] { return isIn(0, NAME); },
+      [&] {
+        asked = watch([] { TestSupport::runEvents(200); });
+        typeKey("Escape");
+      });
+  run(script);
+  EXPECT_THAT(asked, ElementsAre()) << "its buttons ask when they are pressed";
+}
+
 TEST_F(ItemDataSettingsPanelWindow, opensForACompanyWithoutVariablesReadyForTheFirst) {
   KeyScript script;
   begin(script);
@@ -184,6 +322,7 @@ TEST_F(ItemDataSettingsPanelWindow, opensForACompanyWithoutVariablesReadyForTheF
       "the settings are still open", [] { return box() == nullptr && testAccount().getModalWindow() == settings(); },
       [] {
         EXPECT_EQ(table().getNumRows(), 1);
+        EXPECT_TRUE(isIn(0, NAME));
         settings()->setFocus();
       });
   script.step(

@@ -174,6 +174,22 @@ TEST_F(ItemDataTableTest, answersARightReleaseWithoutAMenu) {
   EXPECT_EQ(table()->handle(nullptr, FXSEL(SEL_RIGHTBUTTONRELEASE, 0), &event), 1);
 }
 
+TEST_F(ItemDataTableTest, deletesItsMenuWhenItGetsAnotherAndWhenItGoes) {
+  openWith({});
+  const FXWindow& root = *testAccount().getRootWindow();
+  const FXint before = root.numChildren();
+  auto* bare = new ItemDataTable(window.get(), nullptr, 0, 0, 0, 0, 0, 0, 2, 2, 2, 2);
+  EXPECT_EQ(bare->getMenu(), nullptr);
+  bare->setMenu(new FXMenuPane(window.get()));
+  EXPECT_EQ(root.numChildren(), before + 1);
+  auto* second = new FXMenuPane(window.get());
+  bare->setMenu(second);
+  EXPECT_EQ(bare->getMenu(), second);
+  EXPECT_EQ(root.numChildren(), before + 1);
+  delete bare;
+  EXPECT_EQ(root.numChildren(), before);
+}
+
 TEST_F(ItemDataTableTest, worksWithoutATarget) {
   auto* bare = new ItemDataTable(window.get(), nullptr, 0, 0, 0, 0, 0, 0, 2, 2, 2, 2);
   bare->setTableSize(0, 2);
@@ -184,6 +200,19 @@ TEST_F(ItemDataTableTest, worksWithoutATarget) {
   bare->setCurrentItem(0, 0);
   bare->handle(nullptr, FXSEL(SEL_COMMAND, 89), nullptr);
   EXPECT_EQ(bare->getNumRows(), 1);
+}
+
+TEST_F(ItemDataTableTest, tellsItsTargetOnceOfAllRowsThatAPasteAppends) {
+  TestSupport::RecordingTarget target([](const void*) { return std::string(); });
+  auto* bare = new ItemDataTable(window.get(), &target, 7, 0, 0, 0, 0, 0, 2, 2, 2, 2);
+  bare->setTableSize(1, 2);
+  bare->setCurrentItem(0, 0);
+  bare->pasteText("a\nb\nc");
+  EXPECT_EQ(bare->getNumRows(), 3);
+  EXPECT_EQ(target.take(), (Lines{"COMMAND 88"}));
+  bare->setCurrentItem(0, 0);
+  bare->pasteText("d\ne");
+  EXPECT_EQ(target.take(), Lines{}) << "no row was appended";
 }
 
 TEST_F(ItemDataTableTest, tellsItsTargetOfEachRowOnceAndOfNothingElse) {
