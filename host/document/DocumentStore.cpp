@@ -1,7 +1,7 @@
 // Loading and saving documents.
 //
-//  1. A document's own row is read before its items and what is attached to them. When somebody saves it in between,
-//     the copy that was read has the older version and cannot be saved.
+//  1. A document is read from one state of the database, its own row, its items and what is attached to them. When
+//     somebody saves it afterwards, the copy that was read has the older version and cannot be saved.
 //  2. A save is one transaction, which takes the write lock at once: between the look at the stored version and the
 //     commit nobody else writes.
 //  3. Modules ignore the results of their statements. While saving, the connection remembers the first that failed and
@@ -87,6 +87,18 @@ bool loadAttachedData(TarnwellDatabase& database, const Document& document, cons
   return connection.getFailureCount() == earlierFailures;
 }
 
+/// While it lives, everything is read from one state of the database.
+class Reading {
+ public:
+  explicit Reading(TarnwellDatabase& database) : connection(database.getConnection()) { connection.beginReading(); }
+  ~Reading() { connection.endReading(); }
+  Reading(const Reading&) = delete;
+  Reading& operator=(const Reading&) = delete;
+
+ private:
+  Database::Connection& connection;
+};
+
 /// One save: the steps of its transaction, each of which puts what it has against it into the reason.
 class Save {
  public:
@@ -94,7 +106,7 @@ class Save {
       : database(companyDatabase), hooks(moduleHooks), document(saved), writer(companyDatabase, saved) {}
 
   bool run(FXString& reason) {
-    return checkState(reason) && writer.writeDocument() && deleteRemovedItems(reason) && writeItems();
+    return checkState(reason) && writer.writeDocument() && deleteRemovedItems(reason) && writeItems(reason);
   }
 
   void keepKeys() { writer.keepKeys(); }
@@ -137,13 +149,29 @@ class Save {
     return true;
   }
 
-  bool writeItems() {
+  bool writeItems(FXString& reason) {
     for (FXint i = 0; i < document.getItems().no(); ++i) {
       DocumentItem& item = *document.getItem(i);
-      if (!writer.writeItem(item, i + 1)) return false;
-      hooks.save(&item);
+      if (!writer.writeItem(item, i + 1) || !writeAttachedData(item, reason)) return false;
     }
     return true;
+  }
+
+  /// What a module attached to an item was made of the fields that there were when the item was loaded. Any other
+  /// failure fails the transaction by itself.
+  bool writeAttachedData(DocumentItem& item, FXString& reason) {
+    const Database::Connection& connection = database.getConnection();
+    const unsigned long earlierFailures = connection.getFailureCount();
+    hooks.save(&item);
+    if (connection.getFailureCount() == earlierFailures ||
+        connection.getLastCause() != Database::Failure::Cause::Constraint)
+      return true;
+    reason = FXStringFormat(
+        dgettext("quillane",
+                 "A(z) „%s” tételhez rögzített egyéb adatok nem tárolhatók, talán mert időközben töröltek egy mezőt. "
+                 "Távolítsa el a tételt, és vegye fel újra. %s"),
+        item.getName().text(), database.getLastError().text());
+    return false;
   }
 
   TarnwellDatabase& database;
@@ -183,6 +211,7 @@ std::unique_ptr<Document> DocumentStore::make(int status, FXString& error) const
 std::unique_ptr<Document> DocumentStore::load(int id, FXString& error) const {
   auto document = std::make_unique<Document>();
   document->setId(id);
+  const Reading reading(database);
   ResultRows rows;
   bool loaded = readDocument(database, id, rows);
   if (loaded && rows.getNumRows() == 0) {

@@ -509,6 +509,24 @@ TEST_F(DocumentStoreSave, leavesEverythingAsItWasWhenAStatementOfAHookFails) {
   EXPECT_EQ(load()->getItems().no(), 3);
 }
 
+TEST_F(DocumentStoreSave, saysWhatCanBeDoneWhenAttachedDataRestOnSomethingThatIsGone) {
+  RecordingHook hook("hook", {1, 1, 1, 1, 1}, &calls);
+  company.run("create table t_value (t_product_1 integer references t_product(t_product_id))");
+  hook.onSave = [this](Entity* entity) {
+    if (entity->getId() != 21) return;
+    Statement(company.getDB(), "insert into t_value values (77)").execute(nullptr, 1);
+  };
+  use(hook);
+  const auto document = load();
+  document->getItem(0)->setName("X");
+  const std::string error = saveError(*document);
+  EXPECT_THAT(error, HasSubstr("A(z) „" + std::string(document->getItem(0)->getName().text()) +
+                               "” tételhez rögzített egyéb adatok nem tárolhatók"));
+  EXPECT_THAT(error, HasSubstr("Távolítsa el a tételt, és vegye fel újra."));
+  EXPECT_THAT(error, HasSubstr("insert into t_value"));
+  EXPECT_NE(load()->getItem(0)->getName(), "X");
+}
+
 TEST_F(DocumentStoreSave, leavesEverythingAsItWasWhenARowInTheMiddleCannotBeWritten) {
   company.run(
       "create trigger t before insert on t_invoiceitem when new.name='rossz' begin select raise(abort, 'megtelt'); "
@@ -575,6 +593,34 @@ TEST_F(DocumentStoreFile, cannotBeLoadedWhileAnotherProgramHasItAlone) {
   EXPECT_THAT(loadError(12), HasSubstr("zárol"));
   ASSERT_TRUE(Statement(other.get(), "rollback").execute(nullptr, 1));
   EXPECT_NE(load(), nullptr);
+}
+
+TEST_F(DocumentStoreFile, isLoadedWholeWhileAnotherProgramWantsToWrite) {
+  ASSERT_TRUE(Statement(other.get(), "pragma busy_timeout=0").execute(nullptr, 1));
+  const auto rename = [this] {
+    return Statement(other.get(), "update t_invoiceitem set name='X'").execute(nullptr, 1);
+  };
+  std::vector<bool> renamed;
+  RecordingHook hook("hook", {1, 1, 1, 1, 1});
+  use(hook);
+  hook.onLoad = [&](Entity*) { renamed.push_back(rename()); };
+  const auto document = load();
+  EXPECT_THAT(renamed, ElementsAre(false, false));
+  EXPECT_EQ(document->getItem(1)->getName(), "B");
+  EXPECT_TRUE(rename());
+}
+
+TEST_F(DocumentStoreFile, letsAHookWriteWhileItIsLoaded) {
+  RecordingHook hook("hook", {1, 1, 1, 1, 1});
+  use(hook);
+  hook.onLoad = [this](Entity*) { company.run("update t_partner set name=name || '!' where t_partner_id=2"); };
+  load();
+  EXPECT_EQ(company.query("select name from t_partner where t_partner_id=2"), (Grid{{"Szabó Kft.!!"}}));
+  hook.onLoad = [this](Entity*) {
+    EXPECT_TRUE(company.getDB()->begin());
+    EXPECT_TRUE(company.getDB()->commit());
+  };
+  load();
 }
 
 TEST_F(DocumentStoreFile, isSavedByOneOfTwoProgramsOnly) {
