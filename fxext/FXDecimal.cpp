@@ -72,13 +72,12 @@ long long powerOfTen(long long power) {
   return result;
 }
 
-// number × 10^power; a negative power divides and truncates toward zero.
-long long scale(long long number, long long power) {
+}  // namespace
+
+long long FXDecimal::scaleByAny(long long number, long long power) {
   if (power >= 0) return wrapMultiply(number, powerOfTen(power));
   return power < -kLastFittingPower ? 0 : number / powerOfTen(-power);
 }
-
-}  // namespace
 
 FXDecimal::FXDecimal() : value(0), exponent(0), precision(2), unset(1) {}
 
@@ -125,12 +124,6 @@ FXString FXDecimal::toString() const {
   return FXString(text, static_cast<FXint>(out - text));
 }
 
-long long FXDecimal::getPaddedLong(char target) const {
-  const signed char wanted = wrapByte(target);
-  if (exponent <= wanted) return value;
-  return scale(value, wrapByte(exponent - wanted));
-}
-
 int FXDecimal::getValueDigits() const {
   // On purpose: the smallest of the limits 9, 99, 999, … is asked for first and answers for every greater number, so
   // this is no count of digits.
@@ -166,6 +159,10 @@ void FXDecimal::normalize() {
     return;
   }
   int stripped = 0;
+  if (value % 10'000 == 0) {  // as often as not: a whole number with four decimals
+    value /= 10'000;
+    stripped = 4;
+  }
   for (; value % 10 == 0; ++stripped) value /= 10;
   exponent = wrapByte(exponent + stripped);
   if (-exponent > precision) precision = wrapByte(-exponent);
@@ -179,7 +176,8 @@ void FXDecimal::forcePrecision() {
 }
 
 void FXDecimal::applyPrecision(int extra) {
-  normalize();
+  // Where there are no more decimals than asked for, the zeros to strip would only come back.
+  if (extra < 0 || exponent > 0 || -exponent > precision) normalize();
   const long long decimals = static_cast<long long>(precision) + extra;
   value = scale(value, exponent + decimals);
   exponent = wrapByte(-decimals);
@@ -239,18 +237,6 @@ FXDecimal& FXDecimal::operator*=(const FXDecimal& b) {
   return *this;
 }
 
-FXDecimal FXDecimal::operator+(const FXDecimal& b) const {
-  FXDecimal result(*this);
-  result += b;
-  return result;
-}
-
-FXDecimal FXDecimal::operator-(const FXDecimal& b) const {
-  FXDecimal result(*this);
-  result -= b;
-  return result;
-}
-
 FXDecimal FXDecimal::operator*(const FXDecimal& b) const {
   FXDecimal result(*this);
   result *= b;
@@ -294,22 +280,6 @@ FXDecimal FXDecimal::operator/(long long n) const {
   result.value = guardedDivide(result.value, n);
   result.normalize();
   return result;
-}
-
-bool FXDecimal::operator==(const FXDecimal& b) const {
-  return getPaddedLong(static_cast<char>(b.exponent)) == b.getPaddedLong(static_cast<char>(exponent));
-}
-
-bool FXDecimal::operator!=(const FXDecimal& b) const {
-  return getPaddedLong(static_cast<char>(b.exponent)) != b.getPaddedLong(static_cast<char>(exponent));
-}
-
-bool FXDecimal::operator<(const FXDecimal& b) const {
-  return getPaddedLong(static_cast<char>(b.exponent)) < b.getPaddedLong(static_cast<char>(exponent));
-}
-
-bool FXDecimal::operator>(const FXDecimal& b) const {
-  return getPaddedLong(static_cast<char>(b.exponent)) > b.getPaddedLong(static_cast<char>(exponent));
 }
 
 bool FXDecimal::operator<=(const FXDecimal& b) const { return *this == b || *this < b; }

@@ -102,6 +102,47 @@ class FXDecimal {
 
   /// Compares the raw value when the number has decimals: 1.5 == 15 is true.
   bool operator==(const long long& n) const;
+
+ private:
+  /// number × 10^power; a negative power divides and truncates toward zero.
+  static long long scale(long long number, long long power);
+  /// The same without a look at EXPS first, where nearly every power is.
+  static long long scaleByAny(long long number, long long power);
 };
+
+inline long long FXDecimal::getPaddedLong(char target) const {
+  const auto wanted = static_cast<signed char>(target);
+  return exponent <= wanted ? value : scale(value, static_cast<signed char>(exponent - wanted));
+}
+
+inline long long FXDecimal::scale(long long number, long long power) {
+  if (power < 0 || power > 15) return scaleByAny(number, power);
+  // Unsigned, since what does not fit wraps around.
+  return static_cast<long long>(static_cast<unsigned long long>(number) * static_cast<unsigned long long>(EXPS[power]));
+}
+
+inline FXDecimal FXDecimal::operator+(const FXDecimal& b) const {
+  FXDecimal result(*this);
+  result += b;
+  return result;
+}
+
+inline FXDecimal FXDecimal::operator-(const FXDecimal& b) const {
+  FXDecimal result(*this);
+  result -= b;
+  return result;
+}
+
+inline bool FXDecimal::operator==(const FXDecimal& b) const {
+  return getPaddedLong(static_cast<char>(b.exponent)) == b.getPaddedLong(static_cast<char>(exponent));
+}
+
+inline bool FXDecimal::operator!=(const FXDecimal& b) const { return !(*this == b); }
+
+inline bool FXDecimal::operator<(const FXDecimal& b) const {
+  return getPaddedLong(static_cast<char>(b.exponent)) < b.getPaddedLong(static_cast<char>(exponent));
+}
+
+inline bool FXDecimal::operator>(const FXDecimal& b) const { return b < *this; }
 
 }  // namespace FXExt

@@ -21,15 +21,15 @@ static_assert(kComboOptions == 0x100401, "static combo box, fills its width and 
 constexpr int kMostVisibleChoices = 10;
 
 const FXString kBlankChoice = " ";
+const FXString kBlankFirst = " ,";  // before the choices of a parameter
 
 }  // namespace
 
 ItemDataComboEntry::ItemDataTableComboItem::ItemDataTableComboItem(ItemDataComboEntry* boundEntry)
     : FXComboTableItem(FXString::null, nullptr, boundEntry), entry(nullptr) {
   // The entry is bound last, because setting the choices sets the text to the first of them.
-  FXString choices = boundEntry->vvalue;
-  choices.substitute('\n', ' ').substitute(',', '\n').prepend(kBlankChoice + "\n");
-  setSelections(choices);
+  FXString choices = kBlankFirst + boundEntry->vvalue;
+  setSelections(choices.substitute('\n', ' ').substitute(',', '\n'));
   setJustify(FXTableItem::LEFT);
   FXTableItem::setText(boundEntry->value);
   entry = boundEntry;

@@ -11,7 +11,12 @@
 
 #include <libintl.h>
 
+#include <charconv>
+#include <cstdarg>
+#include <cstdio>
 #include <cstdlib>
+#include <cstring>
+#include <memory_resource>
 
 #include "itemdata/ItemDataList.h"
 #include "plugin/contract/Database.h"
@@ -27,7 +32,16 @@ namespace Quillane::Plugin::ItemData {
 namespace {
 
 const FXString kTable = "t_invoiceitemdata";
+const FXString kKeyColumn = "t_invoiceitemdata_id";
 const FXString kKeyCondition = "t_invoiceitemdata_id=%t_invoiceitemdata_id";
+const FXString kVariableColumn = "t_itemvariable_1";
+const FXString kItemColumn = "t_invoiceitem_1";
+const FXString kValueColumn = "value";
+const FXString kRowColumn = "row";
+
+const FXString kXmlElement = "itemdata";
+const FXString kXmlRow = "row";
+const FXString kXmlName = "name";
 
 // The statuses that count when the remaining quantity of a source row is worked out.
 constexpr int kClosedStatus = 151;
@@ -64,6 +78,46 @@ const FXString kRemainingQuantitySql =
     "i.t_invoicestatus_1=%storno and ii.t_invoiceitem_1=%t_invoiceitem_1) ) s on (s.row=n.row) ) rst on "
     "iid.t_invoiceitem_1=rst.item where t_itemvariable_1=%t_itemvariable_1 and t_invoiceitem_1=%t_invoiceitem_1 and "
     "row=%row";
+
+// As FXStringFormat, which formats everything twice, the first time for the length alone.
+[[gnu::format(printf, 1, 2)]] FXString format(const char* pattern, ...) {
+  char text[512];
+  va_list arguments;
+  va_start(arguments, pattern);
+  const int length = std::vsnprintf(text, sizeof text, pattern, arguments);
+  va_end(arguments);
+  if (length < static_cast<int>(sizeof text)) return FXString(text, length);
+  va_start(arguments, pattern);
+  FXString longText = FXStringVFormat(pattern, arguments);
+  va_end(arguments);
+  return longText;
+}
+
+// Where a document's findings are, in words; kept for the next one, which is mostly of the same document.
+const FXString& locationOf(const Invoice& invoice) {
+  static FXString pattern;
+  static FXString document;
+  static FXString location;
+  const char* wanted = gettext("Számla: Tételek listája\n[%s]\n");
+  if (std::strcmp(wanted, pattern.text()) != 0 || std::strcmp(invoice.getDisplayText().text(), document.text()) != 0) {
+    pattern = wanted;
+    document = invoice.getDisplayText();
+    location = format(wanted, document.text());
+  }
+  return location;
+}
+
+std::pmr::memory_resource& entryMemory() {
+#ifdef __SANITIZE_ADDRESS__
+  // It watches every entry by itself, and could not see into the blocks.
+  return *std::pmr::new_delete_resource();
+#else
+  constexpr std::size_t entriesOfBlock = 1024;
+  constexpr std::size_t largestEntry = 128;  // bytes; larger ones are allocated alone
+  static std::pmr::unsynchronized_pool_resource blocks({entriesOfBlock, largestEntry});
+  return blocks;
+#endif
+}
 
 // Takes the value and the key of the entry from the row that was found.
 class EntryLoader : public DataBaseValueLoader {
@@ -111,18 +165,22 @@ ItemDataEntry::ItemDataEntry(const ItemDataEntry& source, Entity* newOwner)
 
 ItemDataEntry::~ItemDataEntry() { delete attached; }
 
+void* ItemDataEntry::operator new(std::size_t size) { return entryMemory().allocate(size); }
+
+void ItemDataEntry::operator delete(void* memory, std::size_t size) { entryMemory().deallocate(memory, size); }
+
 InvoiceItem* ItemDataEntry::getItem() const { return static_cast<InvoiceItem*>(owner); }
 
 int ItemDataEntry::save(TarnwellDatabase* db) {
   if (pk && del) {
     DeleteStatement statement(db, kTable);
-    statement.setInt("t_invoiceitemdata_id", pk);
+    statement.setInt(kKeyColumn, pk);
     statement.execute(nullptr, 1);
     return 0;
   }
   if (pk) {
     UpdateStatement statement(db, kTable, kKeyCondition);
-    statement.setInt("t_invoiceitemdata_id", pk);
+    statement.setInt(kKeyColumn, pk);
     write(statement);
     return 0;
   }
@@ -134,10 +192,10 @@ int ItemDataEntry::save(TarnwellDatabase* db) {
 }
 
 void ItemDataEntry::write(Statement& statement) const {
-  if (itemvariable) statement.setInt("t_itemvariable_1", itemvariable);
-  statement.setInt("t_invoiceitem_1", owner->getId());
-  statement.setString("value", getValue());
-  statement.setInt("row", row);
+  if (itemvariable) statement.setInt(kVariableColumn, itemvariable);
+  statement.setInt(kItemColumn, owner->getId());
+  statement.setString(kValueColumn, getValue());
+  statement.setInt(kRowColumn, row);
   statement.execute(nullptr, 1);
 }
 
@@ -151,9 +209,9 @@ int ItemDataEntry::load(TarnwellDatabase* db) {
     statement.setInt("closed", kClosedStatus);
     statement.setInt("storno", kCancellingStatus);
   }
-  if (itemvariable) statement.setInt("t_itemvariable_1", itemvariable);
-  statement.setInt("t_invoiceitem_1", copiesSource ? item->getSourceItemId() : item->getId());
-  statement.setInt("row", row);
+  if (itemvariable) statement.setInt(kVariableColumn, itemvariable);
+  statement.setInt(kItemColumn, copiesSource ? item->getSourceItemId() : item->getId());
+  statement.setInt(kRowColumn, row);
 
   EntryLoader loader(*this);
   statement.execute(&loader, 1);
@@ -172,13 +230,11 @@ void ItemDataEntry::check(int itemNumber, ListOfMessage& messages, FXString pref
   const Invoice* invoice = getItem()->getInvoice();
   if (invoice->getStatus() == kProFormaStatus || !getValue().empty()) return;
 
-  auto* message =
-      new Message(FXStringFormat("%s_ITEMDATAWANTED", prefix.text()), Message::ERROR, FXString::null,
-                  FXStringFormat(gettext("Számla: Tételek listája\n[%s]\n"), invoice->getDisplayText().text()), nullptr,
-                  nullptr, nullptr);
+  auto* message = new Message(prefix.append("_ITEMDATAWANTED"), Message::ERROR, FXString::null, locationOf(*invoice),
+                              nullptr, nullptr, nullptr);
   const char* text = mandatory ? gettext("A(z) %d. tételhez rögzíteni kell néhány egyéb adatot!\nMező neve:%s")
                                : gettext("A(z) %d. tételhez lehet rögzíteni néhány egyéb adatot!\nMező neve:%s");
-  message->setText(FXStringFormat(text, itemNumber, name.text()));
+  message->setText(format(text, itemNumber, name.text()));
   message->setSeverity(mandatory ? Message::ERROR : Message::NOTICE);
   messages.append(message);
 }
@@ -193,9 +249,11 @@ FXTableItem* ItemDataEntry::getTableItem() {
 FXString ItemDataEntry::getValue() const { return value; }
 
 void ItemDataEntry::toXml(XMLBuilder::Element* parent) const {
-  XMLBuilder::Element* element = parent->createElement(ItemDataList::kXmlNamespace, "itemdata");
-  element->setAttribute(FXString::null, "row", FXStringVal(row));
-  element->setAttribute(FXString::null, "name", name);
+  char digits[16];
+  const char* end = std::to_chars(digits, digits + sizeof digits, row).ptr;
+  XMLBuilder::Element* element = parent->createElement(ItemDataList::kXmlNamespace, kXmlElement);
+  element->setAttribute(FXString::null, kXmlRow, FXString(digits, static_cast<FXint>(end - digits)));
+  element->setAttribute(FXString::null, kXmlName, name);
   // On purpose: the value as it stands, where getValue may give another.
   element->setText(value);
 }

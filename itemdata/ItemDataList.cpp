@@ -8,18 +8,18 @@
 //    empty, until the document is loaded anew, and counts as no row and no quantity.
 // 4. After a save the list is as it was before: new entries keep key 0 and marked ones their mark.
 // 5. Places of the list may be null; they are passed over.
-// 6. Entries that are appended with ascending rows are found by bisection, null places among them or not; any other
-//    order costs a walk through the list.
+// 6. The list falls into runs of ascending rows, and a row is found by bisection in each. Mostly there is one run; rows
+//    that were deleted at the end and are there still, marked, begin another when their numbers are given again.
 #include "itemdata/ItemDataList.h"
 
 #include <libintl.h>
 
 #include <algorithm>
-#include <map>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 
 #include "itemdata/CountingList.h"
 #include "itemdata/ItemDataListLoader.h"
@@ -98,7 +98,43 @@ FXExt::FXDecimal quantityOf(const ItemDataEntry& entry) {
   return FXExt::FXDecimal(entry.getValue(), kQuantityPrecision);
 }
 
+// Whether the entry goes on with the run that the one before it belongs to.
+bool follows(const ItemDataEntry* before, const ItemDataEntry* entry) {
+  return before && entry && before->row <= entry->row;
+}
+
 void appendText(std::string& line, const FXString& text) { line.append(text.text(), text.length()); }
+
+std::string_view view(const FXString& text) { return {text.text(), static_cast<std::size_t>(text.length())}; }
+
+using CountingPair = FXExt::FXPair<FXString, int>;
+
+// Finds pairs by their text: a hash table with open addressing, since what a map allocates for every text is most of
+// the work.
+class PairFinder {
+ public:
+  explicit PairFinder(int mostTexts) {
+    std::size_t places = 1;  // always a power of two
+    while (places < 2 * static_cast<std::size_t>(mostTexts)) places *= 2;
+    pairs.resize(places);
+  }
+
+  // The place for the text's pair, null while there is none.
+  CountingPair*& find(const FXString& text) {
+    // Equal texts often follow each other.
+    if (isPairOf(text)) return pairs[found];
+    const std::size_t last = pairs.size() - 1;
+    found = std::hash<std::string_view>()(view(text)) & last;
+    while (pairs[found] && !isPairOf(text)) found = (found + 1) & last;
+    return pairs[found];
+  }
+
+ private:
+  bool isPairOf(const FXString& text) const { return pairs[found] && view(pairs[found]->first) == view(text); }
+
+  std::vector<CountingPair*> pairs;  // not owned
+  std::size_t found = 0;             // the place that find gave last
+};
 
 FXString toText(const std::string& line) { return FXString(line.data(), static_cast<FXint>(line.size())); }
 
@@ -138,8 +174,9 @@ ItemDataList* ItemDataList::clone(Entity* newOwner) const {
 void ItemDataList::append(ItemDataEntry* entry) {
   lastRow = entry->row;
   const FXint count = no();
-  const bool follows = count == 0 || (ascending == count && at(count - 1) && at(count - 1)->row <= entry->row);
-  ascending = follows ? count + 1 : kNotAscending;
+  if (count == 0 || runsEnd != count) findRuns();
+  if (count == 0 || !follows(at(count - 1), entry)) runs.push_back(count);
+  ++runsEnd;
   FXObjectList::append(entry);
 }
 
@@ -297,7 +334,6 @@ void ItemDataList::setStatus(TarnwellDatabase*, unsigned status) {
 
 template <class RowPredicate>
 bool ItemDataList::removeOrMark(int first, int end, RowPredicate isDeleted) {
-  const bool wasAscending = ascending == no();
   bool found = false;
   FXint kept = first;
   for (FXint i = first; i < end; ++i) {
@@ -312,14 +348,23 @@ bool ItemDataList::removeOrMark(int first, int end, RowPredicate isDeleted) {
     }
     at(kept++) = entry;
   }
-  if (kept < end) erase(kept, end - kept);
-  ascending = wasAscending ? no() : kNotAscending;
+  if (kept == end) return found;
+  erase(kept, end - kept);
+  for (int& start : runs) {
+    if (start >= end) start -= end - kept;
+  }
+  runsEnd = no();
   return found;
 }
 
 void ItemDataList::markRowForDelete(int row) {
-  const auto [first, end] = findRow(row);
-  const bool found = removeOrMark(first, end, [row](int rowOfEntry) { return rowOfEntry == row; });
+  if (runsEnd != no()) findRuns();
+  bool found = false;
+  // From the last run to the first: what is removed moves the runs behind it.
+  for (std::size_t i = runs.size(); i-- > 0;) {
+    const auto [first, end] = findRow(row, runs[i], i + 1 < runs.size() ? runs[i + 1] : no());
+    if (removeOrMark(first, end, [row](int rowOfEntry) { return rowOfEntry == row; })) found = true;
+  }
   if (found && lastRow == row) lastRow = row - 1;
 }
 
@@ -427,51 +472,73 @@ void ItemDataList::dropMarkedRows() {
     rows.insert(entry->row);
     if (lastRow == entry->row) lastRow = entry->row - 1;
   }
-  if (!rows.empty()) removeOrMark(0, no(), [&rows](int row) { return rows.count(row) > 0; });
+  if (rows.empty()) return;
+  removeOrMark(0, no(), [&rows](int row) { return rows.count(row) > 0; });
+  findRuns();
 }
 
 // The entries as completeFromSettings leaves them. Rows ascend; a row number below 1 is the item as a whole.
 std::vector<ItemDataList::Place> ItemDataList::arrange() const {
-  std::map<int, std::vector<ItemDataEntry*>> entriesOfRow;
-  entriesOfRow[0];
+  const auto rowOf = [](const ItemDataEntry* entry) { return std::max(entry->row, 0); };
+  std::vector<ItemDataEntry*> entries;
+  entries.reserve(no());
   for (FXint i = 0; i < no(); ++i) {
-    if (at(i)) entriesOfRow[std::max(at(i)->row, 0)].push_back(at(i));
+    if (at(i)) entries.push_back(at(i));
   }
+  if (!isAscending()) {
+    std::stable_sort(entries.begin(), entries.end(),
+                     [&](const auto* one, const auto* other) { return rowOf(one) < rowOf(other); });
+  }
+
   std::vector<Place> places;
   places.reserve(no());
-  for (const auto& [row, entries] : entriesOfRow) arrangeRow(row, entries, places);
+  const auto arrangeFrom = [&](EntryIterator first, int row) {
+    const auto isOfRow = [&](const ItemDataEntry* entry) { return rowOf(entry) == row; };
+    const auto end = std::find_if_not(first, entries.end(), isOfRow);
+    arrangeRow(row, first, end, places);
+    return end;
+  };
+  auto next = arrangeFrom(entries.begin(), 0);
+  while (next != entries.end()) next = arrangeFrom(next, (*next)->row);
   return places;
 }
 
 // A row number can be that of a deleted row too, whose marked entries were there first. A row that is only marked gets
-// no fields.
-void ItemDataList::arrangeRow(int row, const std::vector<ItemDataEntry*>& entries, std::vector<Place>& places) const {
-  std::vector<ItemDataEntry*> live;
-  std::vector<ItemDataEntry*> marked;
-  for (ItemDataEntry* entry : entries) (entry->del ? marked : live).push_back(entry);
-  const auto keep = [&](const std::vector<ItemDataEntry*>& kept) {
-    for (ItemDataEntry* entry : kept) places.push_back({entry, nullptr, row});
+// no fields. What stands between first and end is used up.
+void ItemDataList::arrangeRow(int row, EntryIterator first, EntryIterator end, std::vector<Place>& places) const {
+  const auto marked = std::stable_partition(first, end, [](const ItemDataEntry* entry) { return !entry->del; });
+  const auto keep = [&](EntryIterator from, EntryIterator to) {
+    for (; from != to; ++from) {
+      if (*from) places.push_back({*from, nullptr, row});
+    }
   };
 
-  if (row > 0) keep(marked);
-  if (row == 0 || !live.empty()) {
+  if (row > 0) keep(marked, end);
+  if (row == 0 || first != marked) {
     const int firstUnitSetting = settings->firstUnitIndex < 0 ? settings->no() : settings->firstUnitIndex;
-    const int end = row == 0 ? firstUnitSetting : settings->no();
-    for (FXint i = row == 0 ? 0 : firstUnitSetting; i < end; ++i) {
+    const int endOfSettings = row == 0 ? firstUnitSetting : settings->no();
+    for (FXint i = row == 0 ? 0 : firstUnitSetting; i < endOfSettings; ++i) {
       const ItemDataEntry* setting = settings->at(i);
       if (!setting) continue;
-      // Where a value is there twice, one that says something goes first.
-      const auto isOfSetting = [&](const ItemDataEntry* entry) { return entry->itemvariable == setting->itemvariable; };
-      auto found = std::find_if(live.begin(), live.end(), [&](const ItemDataEntry* entry) {
-        return isOfSetting(entry) && !entry->getValue().empty();
-      });
-      if (found == live.end()) found = std::find_if(live.begin(), live.end(), isOfSetting);
-      places.push_back({found == live.end() ? nullptr : *found, setting, row});
-      if (found != live.end()) live.erase(found);
+      const auto found = findForSetting(*setting, first, marked);
+      places.push_back({found == marked ? nullptr : std::exchange(*found, nullptr), setting, row});
     }
   }
-  keep(live);
-  if (row == 0) keep(marked);
+  keep(first, marked);
+  if (row == 0) keep(marked, end);
+}
+
+// Where a value is there twice, one that says something goes first.
+ItemDataList::EntryIterator ItemDataList::findForSetting(const ItemDataEntry& setting, EntryIterator first,
+                                                         EntryIterator end) {
+  const auto isOfSetting = [&](const ItemDataEntry* entry) {
+    return entry && entry->itemvariable == setting.itemvariable;
+  };
+  const auto found = std::find_if(first, end, isOfSetting);
+  if (found == end || std::none_of(found + 1, end, isOfSetting) || !(*found)->getValue().empty()) return found;
+  const auto other = std::find_if(
+      found + 1, end, [&](const ItemDataEntry* entry) { return isOfSetting(entry) && !entry->getValue().empty(); });
+  return other == end ? found : other;
 }
 
 bool ItemDataList::isArranged(const std::vector<Place>& places) const {
@@ -515,23 +582,20 @@ FXString ItemDataList::getPrintableRows() const {
 
 FXString ItemDataList::getPrintableCounts() const {
   CountingList counts;
-  std::unordered_map<std::string_view, int*> countOfText;
+  PairFinder finder(no());
   int total = 0;
   for (FXint i = 0; i < no(); ++i) {
     if (!at(i)) continue;
-    const FXString text = at(i)->getPrintableText();
+    FXString text = at(i)->getPrintableText();
     if (text.empty()) continue;
     ++total;
-    const auto known = countOfText.find(std::string_view(text.text(), text.length()));
-    if (known != countOfText.end()) {
-      ++*known->second;
-      continue;
+    CountingPair*& pair = finder.find(text);
+    if (!pair) {
+      pair = new CountingPair;
+      swap(pair->first, text);
+      counts.append(pair);
     }
-    auto* pair = new FXExt::FXPair<FXString, int>;
-    pair->first = text;
-    pair->second = 1;
-    counts.append(pair);
-    countOfText.emplace(std::string_view(pair->first.text(), pair->first.length()), &pair->second);
+    ++pair->second;
   }
 
   std::string line;
@@ -544,11 +608,11 @@ FXString ItemDataList::getPrintableCounts() const {
   return toText(line);
 }
 
-std::pair<int, int> ItemDataList::findRow(int row) const {
-  if (ascending != no()) return {0, no()};
+// Of the run between these places: the first place of the row and the one behind its last.
+std::pair<int, int> ItemDataList::findRow(int row, int runStart, int runEnd) const {
   // A null place may be on either side; it stays inside what is found, which only widens it.
-  const auto bisect = [this](int from, const auto& liesBefore) {
-    int to = no();
+  const auto bisect = [this, runEnd](int from, const auto& liesBefore) {
+    int to = runEnd;
     while (from < to) {
       const int middle = from + (to - from) / 2;
       if (liesBefore(at(middle)))
@@ -558,9 +622,17 @@ std::pair<int, int> ItemDataList::findRow(int row) const {
     }
     return from;
   };
-  const int first = bisect(0, [row](const ItemDataEntry* entry) { return entry && entry->row < row; });
+  const int first = bisect(runStart, [row](const ItemDataEntry* entry) { return entry && entry->row < row; });
   const int end = bisect(first, [row](const ItemDataEntry* entry) { return !entry || entry->row <= row; });
   return {first, end};
+}
+
+void ItemDataList::findRuns() {
+  runs.clear();
+  for (FXint i = 0; i < no(); ++i) {
+    if (i == 0 || !follows(at(i - 1), at(i))) runs.push_back(i);
+  }
+  runsEnd = no();
 }
 
 }  // namespace Quillane::Plugin::ItemData

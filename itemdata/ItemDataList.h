@@ -135,18 +135,22 @@ class ItemDataList : public ListOfEntityMiscData<ItemDataEntry> {
     int row;
   };
 
+  using EntryIterator = std::vector<ItemDataEntry*>::iterator;
+
   std::vector<Place> arrange() const;
-  void arrangeRow(int row, const std::vector<ItemDataEntry*>& entries, std::vector<Place>& places) const;
+  void arrangeRow(int row, EntryIterator first, EntryIterator end, std::vector<Place>& places) const;
+  static EntryIterator findForSetting(const ItemDataEntry& setting, EntryIterator first, EntryIterator end);
   bool isArranged(const std::vector<Place>& places) const;
   ItemDataEntry* cloneForRow(const ItemDataEntry& setting, int row) const;
 
   FX::FXString getPrintableRows() const;
   FX::FXString getPrintableCounts() const;
-  std::pair<int, int> findRow(int row) const;  // from the first place to the one behind the last
+  std::pair<int, int> findRow(int row, int runStart, int runEnd) const;
+  void findRuns();
+  bool isAscending() const { return runsEnd == no() && runs.size() <= 1; }
 
-  static constexpr int kNotAscending = -1;
-
-  int ascending = 0;  // no() when all entries stand in ascending order of their rows, else any other number
+  std::vector<int> runs;  // where the places begin from which on the rows ascend
+  int runsEnd = 0;        // no() while the runs are those of the list
 };
 
 }  // namespace Plugin::ItemData

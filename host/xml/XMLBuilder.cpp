@@ -9,7 +9,7 @@
 #include "plugin/contract/XMLBuilder.h"
 
 #include <algorithm>
-#include <memory>
+#include <deque>
 #include <pugixml.hpp>
 #include <set>
 #include <string>
@@ -72,6 +72,18 @@ bool isCarried(char32_t code) {
 
 std::string_view view(const FXString& text) { return {text.text(), static_cast<std::size_t>(text.length())}; }
 
+/// Whether XML can carry all of the text as it is.
+bool isClean(std::string_view text) {
+  for (std::size_t at = 0; at < text.size();) {
+    while (text[at] >= ' ')  // most characters
+      if (++at == text.size()) return true;
+    const Character character = decode(text, at);
+    if (!isCarried(character.code)) return false;
+    at += character.length;
+  }
+  return true;
+}
+
 /// The text with U+FFFD for every character that XML cannot carry and every byte that belongs to none.
 std::string cleanText(const FXString& text) {
   const std::string_view given = view(text);
@@ -87,6 +99,15 @@ std::string cleanText(const FXString& text) {
     at += character.length;
   }
   return clean;
+}
+
+/// Gives the node or attribute the cleaned text; most texts are clean, and need no copy for it.
+template <class Handle>
+void setCleanValue(Handle target, const FXString& text) {
+  if (isClean(view(text)))
+    target.set_value(text.text());
+  else
+    target.set_value(cleanText(text).c_str());
 }
 
 struct Range {
@@ -108,23 +129,43 @@ bool isIn(const Range (&ranges)[N], char32_t code) {
   return false;
 }
 
-/// A name without a colon, made from any text.
-std::string cleanName(const FXString& name) {
+bool isLetter(char character) {
+  const char lower = static_cast<char>(character | 0x20);
+  return lower >= 'a' && lower <= 'z';
+}
+
+/// How many letters the text begins with.
+std::size_t countLetters(std::string_view text) {
+  std::size_t count = 0;
+  while (count < text.size() && isLetter(text[count])) ++count;
+  return count;
+}
+
+/// Appends a name without a colon, made from any text.
+void appendCleanName(std::string& out, const FXString& name) {
   const std::string_view given = view(name);
-  std::string clean;
-  for (std::size_t at = 0; at < given.size();) {
+  const std::size_t start = out.size();
+  const std::size_t letters = countLetters(given);
+  out.append(given, 0, letters);
+  for (std::size_t at = letters; at < given.size();) {
     const Character character = decode(given, at);
     if (isIn(kNameStart, character.code)) {
-      clean.append(given, at, character.length);
+      out.append(given, at, character.length);
     } else if (isIn(kNameOnly, character.code)) {
-      if (clean.empty()) clean = "_";
-      clean.append(given, at, character.length);
+      if (out.size() == start) out += '_';
+      out.append(given, at, character.length);
     } else {
-      clean += '_';
+      out += '_';
     }
     at += character.length;
   }
-  return clean.empty() ? "_" : clean;
+  if (out.size() == start) out += '_';
+}
+
+std::string cleanName(const FXString& name) {
+  std::string clean;
+  appendCleanName(clean, name);
+  return clean;
 }
 
 /// Names that begin with "xml" are reserved; as a prefix some of them are not even allowed.
@@ -132,33 +173,47 @@ bool isReserved(std::string_view name) {
   return name.size() >= 3 && (name[0] | 0x20) == 'x' && (name[1] | 0x20) == 'm' && (name[2] | 0x20) == 'l';
 }
 
-void writeEscaped(std::string& out, const char* text, bool attribute) {
-  for (; *text; ++text) {
-    switch (*text) {
-      case '&':
-        out += "&amp;";
-        break;
-      case '<':
-        out += "&lt;";
-        break;
-      case '>':  // "]]>" must not stand in a text
-        out += "&gt;";
-        break;
-      case '\r':
-        out += "&#13;";
-        break;
-      case '"':
-        out += attribute ? "&quot;" : "\"";
-        break;
-      case '\n':
-        out += attribute ? "&#10;" : "\n";
-        break;
-      case '\t':
-        out += attribute ? "&#9;" : "\t";
-        break;
-      default:
-        out += *text;
-    }
+const char* escapeOf(char character) {
+  switch (character) {
+    case '&':
+      return "&amp;";
+    case '<':
+      return "&lt;";
+    case '>':  // "]]>" must not stand in a text
+      return "&gt;";
+    case '"':
+      return "&quot;";
+    case '\r':
+      return "&#13;";
+    case '\n':
+      return "&#10;";
+    default:
+      return "&#9;";
+  }
+}
+
+/// The characters to escape, and the end of the text.
+struct Stops {
+  explicit constexpr Stops(std::string_view escaped) {
+    at[0] = true;
+    for (const char character : escaped) at[static_cast<unsigned char>(character)] = true;
+  }
+
+  bool has(char character) const { return at[static_cast<unsigned char>(character)]; }
+
+  bool at[256] = {};
+};
+
+constexpr Stops kStopsInText("&<>\r");
+constexpr Stops kStopsInAttribute("&<>\"\r\n\t");
+
+void writeEscaped(std::string& out, const char* text, const Stops& stops) {
+  while (true) {
+    const char* const plain = text;
+    while (!stops.has(*text)) ++text;
+    out.append(plain, text);
+    if (!*text) return;
+    out += escapeOf(*text++);
   }
 }
 
@@ -170,83 +225,105 @@ class Writer {
   explicit Writer(std::string& target) : out(target) {}
 
   void write(pugi::xml_node root) {
-    pugi::xml_node node = root;
-    while (true) {
-      if (enter(node)) {
-        node = node.first_child();
-        continue;
-      }
-      while (node != root && !node.next_sibling()) {
-        node = node.parent();
-        leave(node);
-      }
-      if (node == root) break;
-      node = node.next_sibling();
-    }
+    for (pugi::xml_node node = root; node;) node = enter(node) ? node.first_child() : findNext(node);
     out += '\n';
   }
 
  private:
   /// White space may stand only where no text is: the root, or an element among elements only. A text stands first.
-  static bool mayIndent(pugi::xml_node node) { return !isText(node.parent().first_child()); }
+  static bool holdsElementsOnly(pugi::xml_node node) { return !isText(node.first_child()); }
 
-  void startLine() {
-    out += '\n';
-    out.append(2 * std::min(depth, kDeepestIndent), ' ');
+  void startLine() { out.append(lineStart, 0, 1 + 2 * std::min(depth, kDeepestIndent)); }
+
+  void close(std::string_view name) {
+    out += '<';
+    out += '/';
+    out += name;
+    out += '>';
   }
 
-  /// True when the node has children, which are to be written before leave.
+  /// True when the node has children that are to be written before leave.
   bool enter(pugi::xml_node node) {
-    if (isText(node)) {
-      writeEscaped(out, node.value(), false);
+    if (onOwnLine) {
+      startLine();
+    } else if (isText(node)) {
+      writeEscaped(out, node.value(), kStopsInText);
       return false;
     }
-    if (mayIndent(node)) startLine();
+    const std::string_view name = node.name();
     out += '<';
-    out += node.name();
-    for (pugi::xml_attribute attribute : node.attributes()) {
+    out += name;
+    for (pugi::xml_attribute attribute = node.first_attribute(); attribute; attribute = attribute.next_attribute()) {
       out += ' ';
       out += attribute.name();
-      out += "=\"";
-      writeEscaped(out, attribute.value(), true);
+      out += '=';
+      out += '"';
+      writeEscaped(out, attribute.value(), kStopsInAttribute);
       out += '"';
     }
-    if (!node.first_child()) {
+    const pugi::xml_node child = node.first_child();
+    const pugi::xml_node_type kind = child.type();
+    if (kind == pugi::node_null) {
       out += "/>";
       return false;
     }
     out += '>';
+    if (kind == pugi::node_pcdata && !child.next_sibling()) {
+      writeEscaped(out, child.value(), kStopsInText);
+      close(name);
+      return false;
+    }
     ++depth;
+    onOwnLine = kind != pugi::node_pcdata;
     return true;
+  }
+
+  /// The node after this one and what it holds; leaves the nodes that end with it. Null after the root.
+  pugi::xml_node findNext(pugi::xml_node node) {
+    while (depth > 0) {
+      if (const pugi::xml_node sibling = node.next_sibling()) return sibling;
+      node = node.parent();
+      leave(node);
+    }
+    return {};
   }
 
   void leave(pugi::xml_node node) {
     --depth;
-    if (!isText(node.first_child())) startLine();
-    out += "</";
-    out += node.name();
-    out += '>';
+    if (onOwnLine) startLine();
+    close(node.name());
+    onOwnLine = holdsElementsOnly(node.parent());
   }
 
   std::string& out;
+  const std::string lineStart = '\n' + std::string(2 * kDeepestIndent, ' ');
   std::size_t depth = 0;
+  bool onOwnLine = true;  // the children of the node that was entered last
 };
 
 }  // namespace
 
 struct Document::Content {
+  /// An element that a container can make.
+  struct OwnedElement : Element {
+    OwnedElement(Document* owner, pugi::xml_node element, bool inDefaultNameSpace)
+        : Element(owner, element.internal_object(), inDefaultNameSpace) {}
+  };
+
   pugi::xml_document tree;
-  std::vector<std::unique_ptr<Element>> elements;  // the root first
+  std::deque<OwnedElement> elements;  // the root first
   FXString givenRootNameSpace;
   std::string rootNameSpace;
   std::unordered_map<std::string, std::string> prefixes;  // by namespace
   std::set<std::string> usedPrefixes;
   FXString lastNameSpace;                   // as it was asked for,
   const std::string* lastPrefix = nullptr;  // and its prefix; null when there is none
+  std::string fullName;                     // what getFullName made last, of these:
+  const std::string* prefixOfFullName = nullptr;
+  FXString nameOfFullName;
 
   Element* add(Document* document, pugi::xml_node node, bool inDefaultNameSpace) {
-    elements.emplace_back(new Element(document, node.internal_object(), inDefaultNameSpace));
-    return elements.back().get();
+    return &elements.emplace_back(document, node, inDefaultNameSpace);
   }
 
   pugi::xml_node root() { return tree.document_element(); }
@@ -283,19 +360,26 @@ struct Document::Content {
     lastPrefix = &declare(clean, "ns");
     return lastPrefix;
   }
+
+  /// The cleaned name with its prefix, if any; valid until the next call and as long as name stays.
+  const char* getFullName(const std::string* prefix, const FXString& name) {
+    if (!prefix && !name.empty() && countLetters(view(name)) == view(name).size()) return name.text();
+    if (prefix && prefix == prefixOfFullName && view(name) == view(nameOfFullName)) return fullName.c_str();
+    fullName.clear();
+    if (prefix) (fullName += *prefix) += ':';
+    appendCleanName(fullName, name);
+    prefixOfFullName = prefix;
+    nameOfFullName = name;
+    return fullName.c_str();
+  }
 };
 
 Element* Element::createElement(const FXString& nameSpace, const FXString& name) {
   Document::Content& content = *document->content;
-  const std::string local = cleanName(name);
-  pugi::xml_node parent(node);
   const bool inRootNameSpace = content.isRootNameSpace(nameSpace);
   const std::string* prefix = inRootNameSpace ? nullptr : content.getPrefix(nameSpace);
-  if (prefix) {
-    const pugi::xml_node child = parent.append_child((*prefix + ':' + local).c_str());
-    return content.add(document, child, defaultNameSpace);
-  }
-  pugi::xml_node child = parent.append_child(local.c_str());
+  pugi::xml_node child = pugi::xml_node(node).append_child(content.getFullName(prefix, name));
+  if (prefix) return content.add(document, child, defaultNameSpace);
   if (inRootNameSpace != defaultNameSpace)
     child.append_attribute("xmlns").set_value(inRootNameSpace ? content.rootNameSpace.c_str() : "");
   return content.add(document, child, inRootNameSpace);
@@ -303,16 +387,12 @@ Element* Element::createElement(const FXString& nameSpace, const FXString& name)
 
 void Element::setAttribute(const FXString& nameSpace, const FXString& name, const FXString& value) {
   const std::string* prefix = document->content->getPrefix(nameSpace);
-  std::string full = cleanName(name);
-  if (prefix) {
-    full = *prefix + ':' + full;
-  } else if (full == "xmlns") {
-    full = "_xmlns";
-  }
+  const bool declares = !prefix && view(name) == "xmlns";
+  const char* full = declares ? "_xmlns" : document->content->getFullName(prefix, name);
   pugi::xml_node element(node);
-  pugi::xml_attribute attribute = element.attribute(full.c_str());
-  if (!attribute) attribute = element.append_attribute(full.c_str());
-  attribute.set_value(cleanText(value).c_str());
+  pugi::xml_attribute attribute = element.attribute(full);
+  if (!attribute) attribute = element.append_attribute(full);
+  setCleanValue(attribute, value);
 }
 
 void Element::setText(const FXString& text) {
@@ -323,7 +403,7 @@ void Element::setText(const FXString& text) {
     return;
   }
   if (!isText(first)) first = element.prepend_child(pugi::node_pcdata);
-  first.set_value(cleanText(text).c_str());
+  setCleanValue(first, text);
 }
 
 Document::Document(const FXString& rootNameSpace, const FXString& rootName) : Node(this), content(new Content) {
@@ -336,7 +416,7 @@ Document::Document(const FXString& rootNameSpace, const FXString& rootName) : No
 
 Document::~Document() { delete content; }
 
-Element* Document::getRoot() const { return content->elements.front().get(); }
+Element* Document::getRoot() const { return &content->elements.front(); }
 
 void Document::addNamespace(const FXString& prefix, const FXString& uri) {
   const std::string nameSpace = cleanText(uri);

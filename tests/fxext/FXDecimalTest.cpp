@@ -476,6 +476,18 @@ TEST(FXDecimal, givesTheExactResultAndTheLargerPrecision) {
   }
 }
 
+TEST(FXDecimal, addsNumbersThatHoldTrailingZeros) {
+  for (const FXDecimal& one : {raw(1250, -2, 2), raw(125, -1, 2), raw(125000, -4, 4)}) {
+    for (const FXDecimal& other : {raw(100, -2, 2), raw(1, 0, 2), raw(10000, -4, 4)}) {
+      EXPECT_EQ(print(one + other), "13.5");
+      EXPECT_EQ(print(one - other), "11.5");
+      EXPECT_EQ((one + other).exponent, -1);
+    }
+  }
+  EXPECT_EQ(print(raw(0, -2, 2) + raw(1200, 0, 4)), "1200");
+  EXPECT_EQ((raw(0, -2, 2) + raw(1200, 0, 4)).exponent, 2);
+}
+
 TEST(FXDecimal, addsAndMultipliesItself) {
   FXDecimal number = decimal("1.5");
   const FXDecimal& same = number;

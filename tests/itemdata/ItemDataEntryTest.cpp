@@ -250,6 +250,32 @@ TEST_F(ItemDataEntryMemory, onlyStatus102NeverAsksForItemData) {
   }
 }
 
+TEST_F(ItemDataEntryMemory, findingsOfDocumentsThatTakeTurnsNameTheirOwn) {
+  std::unique_ptr<ItemDataEntry> entry(newEntry("0 11 ''", newItem(10)));
+  for (const char* document : {"K-1", "K-2", "K-1", "", "K-12"}) {
+    invoice.setDisplayText(document);
+    Findings findings;
+    entry->check(3, findings.list, "P");
+    ASSERT_EQ(findings.list.no(), 1);
+    EXPECT_EQ(text(findings.list[0]->getLocation()), "Számla: Tételek listája\n[" + std::string(document) + "]\n");
+  }
+}
+
+TEST_F(ItemDataEntryMemory, longNamesAreReportedWhole) {
+  for (const int length : {400, 450, 500, 5000}) {
+    const std::string name(length, 'x');
+    declare({{11, name.c_str(), ItemDataEntry::TYPE_TEXT, 0, 1}});
+    invoice.setDisplayText(name.c_str());
+    std::unique_ptr<ItemDataEntry> entry(newEntry("0 11 ''", newItem(10)));
+    Findings findings;
+    entry->check(3, findings.list, "P");
+    EXPECT_EQ(findings.all(),
+              std::vector<Finding>(
+                  {{"P_ITEMDATAWANTED", 1, "A(z) 3. tételhez rögzíteni kell néhány egyéb adatot!\nMező neve:" + name,
+                    "Számla: Tételek listája\n[" + name + "]\n"}}));
+  }
+}
+
 TEST_F(ItemDataEntryMemory, anyTextIsAValue) {
   for (const char* value : {" ", "0", "x", "\n"}) {
     std::unique_ptr<ItemDataEntry> entry(newEntry("0 11 ''", newItem(10)));

@@ -210,6 +210,17 @@ TEST_F(ItemDataListOutput, printsThousandsOfDistinctTexts) {
   EXPECT_EQ(text(line).substr(0, 10), "0, 1, 2, 3");
 }
 
+TEST_F(ItemDataListOutput, countsManyTextsInTheOrderOfTheirFirstAppearance) {
+  constexpr int kTexts = 300;
+  Lines entries;
+  std::string expected;
+  for (int round = 0; round < 3; ++round) {
+    for (int i = 0; i < kTexts; ++i) entries.push_back("0 11 'SN-" + std::to_string(i) + "'");
+  }
+  for (int i = 0; i < kTexts; ++i) expected += (i ? ", SN-" : "SN-") + std::to_string(i) + " (3 db)";
+  EXPECT_EQ(printed(entries), expected);
+}
+
 TEST(CountingList, ownsItsPairs) {
   struct Counted : FXExt::FXPair<FXString, int> {
     explicit Counted(int& counter) : living(counter) { ++living; }

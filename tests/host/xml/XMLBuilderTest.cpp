@@ -285,6 +285,18 @@ TEST(XMLBuilder, doesNotMixUpNamespacesWhenTheyTakeTurns) {
                                   "  <ns:x/>\n  <ns1:x/>\n  <x/>\n  <ns:x/>\n  <ns1:x/>\n  <x/>\n</r>\n");
 }
 
+TEST(XMLBuilder, doesNotMixUpNamesWhenTheyTakeTurns) {
+  XMLBuilder::Document document("urn:a", "r");
+  for (const char* name : {"x", "y", "x", "", "1", ""}) {
+    document.getRoot()->createElement("urn:b", name);
+    document.getRoot()->createElement("urn:a", name);
+  }
+  EXPECT_EQ(textOf(document), kHead +
+                                  "<r xmlns=\"urn:a\" xmlns:ns=\"urn:b\">\n"
+                                  "  <ns:x/>\n  <x/>\n  <ns:y/>\n  <y/>\n  <ns:x/>\n  <x/>\n"
+                                  "  <ns:_/>\n  <_/>\n  <ns:_1/>\n  <_1/>\n  <ns:_/>\n  <_/>\n</r>\n");
+}
+
 TEST(XMLBuilder, takesNoReservedPrefix) {
   XMLBuilder::Document document("", "r");
   document.addNamespace("xml", "urn:a");
