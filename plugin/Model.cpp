@@ -42,8 +42,8 @@ void InvoiceItemData::init() {
                Column::FOLLOW_TARGET);
   addColumn("row", Column::INTEGER);
   addColumn("value", Column::TEXT);
-  // Every entry is loaded by these three.
-  addIndex("i_t_invoiceitemdata_entry", {"t_invoiceitem_1", "t_itemvariable_1", "row"});
+  // Every entry is loaded by these three. In this order the entries of a unit row stand side by side.
+  addIndex("i_t_invoiceitemdata_entry", {"t_invoiceitem_1", "row", "t_itemvariable_1"});
 }
 
 BaseItemData::BaseItemData(Schema* schema, const FXString& tableName, const FXString& articleTableName)

@@ -6,7 +6,7 @@
 //  2. A cached statement with users stays where it is. A statement object is a user from the moment it knows its text,
 //     a run is one for as long as it lasts: so a loader may run the same text again, bind anew, or destroy the object.
 //  3. A prepared statement is either idle in its cached statement or in the hands of exactly one run. A run that is
-//     over has reset it: no read lock outlives a call.
+//     over has reset it: no read lock outlives a call, but from beginReading to endReading.
 //  4. The observer hears of a statement before it runs, once, whether it fails or not.
 //  5. While inTransaction is set, firstFailure is the first failure that counts; when the database has given up the
 //     transaction by itself, firstFailure is set and nothing is written any more before commit or rollback.
@@ -145,6 +145,7 @@ Connection::Connection() : cache(kCachedStatements) {}
 Connection::~Connection() = default;
 
 void Connection::close() {
+  endReading();
   rollback();
   for (StatementBody* body = liveBodies; body; body = body->next) {
     body->connection = nullptr;
@@ -370,6 +371,7 @@ bool Connection::begin() {
     lastError = dgettext("quillane", "Már fut egy művelet az adatbázisban, előbb azt kell befejezni.");
     return false;
   }
+  endReading();
   Failure failure;
   if (!perform(Step::Begin, failure)) return fail(failure, {}, Counts::No);
   inTransaction = true;
@@ -405,6 +407,23 @@ bool Connection::rollback() {
   return !hasTransaction() || perform(Step::Rollback, failure) || fail(failure, {}, Counts::No);
 }
 
+// Where it cannot begin, every statement reads for itself and says what is wrong.
+void Connection::beginReading() {
+  if (inTransaction || isReading) return;
+  Failure failure;
+  isReading = perform(Step::BeginReading, failure);
+}
+
+void Connection::endReading() {
+  if (!isReading) return;
+  isReading = false;
+  // What was written meanwhile, each statement for itself, stays; the database may have ended it after a failure.
+  Failure failure;
+  if (!hasTransaction() || perform(Step::Commit, failure)) return;
+  fail(failure, {}, Counts::No);
+  perform(Step::Rollback, failure);
+}
+
 bool Connection::describe(DatabaseDescription& description) {
   Failure failure;
   return readDescription(description, failure) || fail(failure, {}, Counts::Yes);
@@ -418,13 +437,16 @@ bool Connection::addReference(const std::string& table, const std::string& colum
 bool Connection::fail(FXString sentence, const std::string& sql, Counts counts) {
   if (!sql.empty()) sentence += " " + FXStringFormat(dgettext("quillane", "Az utasítás: %s"), shown(sql).text());
   lastError = sentence;
+  lastCause = Failure::Cause::Other;
   ++failureCount;
   if (inTransaction && firstFailure.empty() && (counts == Counts::Yes || !hasTransaction())) firstFailure = lastError;
   return false;
 }
 
 bool Connection::fail(const Failure& failure, const std::string& sql, Counts counts) {
-  return fail(sentenceOf(failure), sql, counts);
+  fail(sentenceOf(failure), sql, counts);
+  lastCause = failure.cause;
+  return false;
 }
 
 }  // namespace Quillane::Database

@@ -55,10 +55,20 @@ class Connection {
   bool commit();
   bool rollback();
   bool isInTransaction() const { return inTransaction; }
+
+  /// From beginReading to endReading, or to a transaction that begins, everything is read from one state of the
+  /// database: nobody else can write meanwhile, and no statement has to look whether somebody did. Inside a transaction
+  /// it is so anyhow, and nothing happens.
+  void beginReading();
+  void endReading();
+
   const FX::FXString& getLastError() const { return lastError; }
 
   /// How many statements have failed so far: tells whoever lets others run statements whether one of theirs did.
   unsigned long getFailureCount() const { return failureCount; }
+
+  /// Why the last of them did.
+  Failure::Cause getLastCause() const { return lastCause; }
 
   void setObserver(StatementObserver* watching) { observer = watching; }
 
@@ -79,7 +89,7 @@ class Connection {
   Connection& operator=(const Connection&) = delete;
 
  protected:
-  enum class Step { Begin, Commit, Rollback };
+  enum class Step { BeginReading, Begin, Commit, Rollback };
 
   Connection();
 
@@ -125,8 +135,10 @@ class Connection {
   std::string scratch;                            // for the key of a statement
   FX::FXString lastError;
   unsigned long failureCount = 0;
+  Failure::Cause lastCause = Failure::Cause::Other;
   FX::FXString firstFailure;  // of the transaction; empty when nothing has failed
   bool inTransaction = false;
+  bool isReading = false;
 };
 
 }  // namespace Quillane::Database

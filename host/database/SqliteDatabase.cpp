@@ -10,6 +10,7 @@
 #include <string_view>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "host/database/FoldedText.h"
 #include "host/database/RealText.h"
@@ -26,6 +27,10 @@ namespace {
 constexpr int kPatience = 5000;       // milliseconds that another program's lock is waited for
 constexpr int kUsualTextSize = 4096;  // bytes of a bound text; a longer one is not kept after the run
 constexpr int kIntegerTextSize = 24;
+
+// What a large save changes has to stay in memory until the end (in KiB, as a negative number): pages that do not fit
+// are written to the file and read back again and again. Only what is needed is taken.
+constexpr char kCacheSql[] = "pragma cache_size = -65536";
 
 Failure::Cause causeOf(int code) {
   switch (code & 0xFF) {
@@ -119,6 +124,7 @@ class SqliteStatement : public PreparedStatement {
   }
 
   bool step(DataBaseValueLoader* loader) {
+    names.clear();
     int result;
     while ((result = sqlite3_step(statement.get())) == SQLITE_ROW)
       if (loader && !handOver(*loader)) return true;
@@ -126,16 +132,20 @@ class SqliteStatement : public PreparedStatement {
   }
 
   bool handOver(DataBaseValueLoader& loader) {
-    ColumnText text;
     const int columns = sqlite3_column_count(statement.get());
+    // They stay where they are until the statement runs anew.
+    while (static_cast<int>(names.size()) < columns)
+      names.push_back(sqlite3_column_name(statement.get(), static_cast<int>(names.size())));
+    ColumnText text;
     for (int i = 0; i < columns; ++i)
-      if (!loader.processValue(i, sqlite3_column_name(statement.get(), i), text.read(statement.get(), i))) return false;
+      if (!loader.processValue(i, names[i], text.read(statement.get(), i))) return false;
     return true;
   }
 
   sqlite3* handle;
   Handle statement;
   int parameters;
+  std::vector<const char*> names;  // of the result's columns, once there was a row
 };
 
 Handle compile(sqlite3* handle, std::string_view sql, const char** rest = nullptr) {
@@ -248,7 +258,7 @@ std::unique_ptr<SqliteDatabase> SqliteDatabase::open(const FXString& where, FXSt
   // The first look at the file tells whether it is a database at all.
   const bool usable = opened == SQLITE_OK && runText(handle, "pragma schema_version", failure) &&
                       sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_FKEY, 1, &enforced) == SQLITE_OK &&
-                      enforced == 1 && addFunctions(handle);
+                      enforced == 1 && runText(handle, kCacheSql, failure) && addFunctions(handle);
   if (usable) {
     // A misspelt column name must be an error and not become a text.
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
@@ -289,6 +299,8 @@ std::unique_ptr<PreparedStatement> SqliteDatabase::prepare(const StatementText& 
 
 bool SqliteDatabase::perform(Step step, Failure& failure) {
   switch (step) {
+    case Step::BeginReading:
+      return runText(handle, "begin", failure);
     case Step::Begin:
       return runText(handle, "begin immediate", failure);
     case Step::Commit:

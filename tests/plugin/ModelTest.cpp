@@ -68,7 +68,7 @@ TEST(ModelDeclaration, ofRecordedValues) {
                           "t_itemvariable_1 integer -> t_itemvariable_id of t_itemvariable nullable rule 4",
                           "t_invoiceitem_1 integer -> t_invoiceitem_id of t_invoiceitem required rule 4", "row integer",
                           "value text", "index over t_itemvariable_1", "index over t_invoiceitem_1",
-                          "index over t_invoiceitem_1 t_itemvariable_1 row"));
+                          "index over t_invoiceitem_1 row t_itemvariable_1"));
 }
 
 TEST(ModelDeclaration, ofAssignmentsToAnyArticle) {
@@ -181,7 +181,7 @@ TEST_F(ModelTest, makesAnIndexForEveryReferenceAndOneForTheLookUpOfAnEntry) {
 
   EXPECT_EQ(indexesOf("t_itemvariable"), Grid{});
   EXPECT_EQ(indexesOf("t_invoiceitemdata"),
-            (Grid{{"t_invoiceitem_1"}, {"t_invoiceitem_1,t_itemvariable_1,row"}, {"t_itemvariable_1"}}));
+            (Grid{{"t_invoiceitem_1"}, {"t_invoiceitem_1,row,t_itemvariable_1"}, {"t_itemvariable_1"}}));
   EXPECT_EQ(indexesOf("t_productitemdata"), (Grid{{"t_itemvariable_1"}, {"t_product_1"}}));
   EXPECT_EQ(indexesOf("t_suiteitemdata"), (Grid{{"t_itemvariable_1"}, {"t_suite_1"}}));
   EXPECT_EQ(indexesOf("t_serviceitemdata"), (Grid{{"t_itemvariable_1"}, {"t_service_1"}}));

@@ -10,6 +10,7 @@
 #include <fstream>
 #include <string>
 
+#include "host/database/Connection.h"
 #include "plugin/contract/Statement.h"
 #include "tests/host/database/DatabaseFixture.h"
 
@@ -422,6 +423,58 @@ TEST_F(DatabaseTest, rollsBackFromWithinAReading) {
   EXPECT_GE(loader.getNumRows(), 1);
   EXPECT_FALSE(database->isInTransaction());
   EXPECT_EQ(names(), asBefore);
+}
+
+// Reading from one state
+
+TEST_F(DatabaseTest, readsFromOneStateUntilTheReadingEnds) {
+  OtherProgram other(file);
+  database->getConnection().beginReading();
+  EXPECT_EQ(names(), asBefore);
+  EXPECT_FALSE(other.run("insert into t_x values (2, 'other')"));
+  EXPECT_EQ(names(), asBefore);
+  database->getConnection().endReading();
+  EXPECT_TRUE(other.run("insert into t_x values (2, 'other')"));
+  EXPECT_EQ(names(), (Rows{{"before"}, {"other"}}));
+}
+
+TEST_F(DatabaseTest, keepsWhatIsWrittenWhileItReads) {
+  database->getConnection().beginReading();
+  ASSERT_TRUE(run("insert into t_x values (2, 'new')"));
+  database->getConnection().endReading();
+  EXPECT_EQ(OtherProgram(file).rows("select name from t_x order by t_x_id"), (Rows{{"before"}, {"new"}}));
+}
+
+TEST_F(DatabaseTest, endsTheReadingWhenATransactionBegins) {
+  database->getConnection().beginReading();
+  EXPECT_EQ(names(), asBefore);
+  ASSERT_TRUE(database->begin()) << lastError();
+  ASSERT_TRUE(run("insert into t_x values (2, 'new')", 1));
+  database->getConnection().endReading();
+  ASSERT_TRUE(database->rollback());
+  EXPECT_EQ(names(), asBefore);
+}
+
+TEST_F(DatabaseTest, leavesARunningTransactionAloneWhenItReads) {
+  ASSERT_TRUE(database->begin());
+  ASSERT_TRUE(run("insert into t_x values (2, 'new')", 1));
+  database->getConnection().beginReading();
+  database->getConnection().endReading();
+  ASSERT_TRUE(database->rollback());
+  EXPECT_EQ(names(), asBefore);
+}
+
+TEST_F(DatabaseTest, letsGoOfItsLockWhenWhatWasWrittenWhileItReadCannotStay) {
+  OtherProgram other(file);
+  ASSERT_TRUE(other.run("begin"));
+  EXPECT_EQ(other.rows("select name from t_x"), asBefore);
+  database->getConnection().beginReading();
+  ASSERT_TRUE(run("insert into t_x values (2, 'new')"));
+  database->getConnection().endReading();
+  EXPECT_THAT(lastError(), HasSubstr("Az adatbázist egy másik program zárolja."));
+  ASSERT_TRUE(other.run("commit"));
+  EXPECT_EQ(names(), asBefore);
+  EXPECT_TRUE(other.run("insert into t_x values (2, 'other')"));
 }
 
 // Others in the way, no room
