@@ -29,7 +29,10 @@ class BenchCompany {
   void clear();
 
   /// Runs one statement; ends the process with the reason when it fails.
-  void run(const std::string& sql);
+  void run(const std::string& sql) const;
+
+  /// The text that record gives to a variable in a unit row.
+  static std::string textOf(int row, int variable);
 
   BenchCompany(const BenchCompany&) = delete;
   BenchCompany& operator=(const BenchCompany&) = delete;
@@ -42,15 +45,28 @@ class BenchCompany {
   int unitVariables;
 };
 
-/// The module at work on one company: the hook for invoice items on an open connection.
+/// The module at work on one company: the hook for invoice items on an open connection. The disk is not waited for:
+/// what it takes differs from one moment to the next, and is nobody's merit.
 class BenchModule {
  public:
   /// Opens the company's file; there is one such object at a time.
   explicit BenchModule(const BenchCompany& company);
   ~BenchModule();
 
+  /// Goes on with another company. Documents of the earlier one may only be destroyed.
+  void open(const BenchCompany& company) const;
+
+  /// Runs the hook for loading on the item, as the host does it: everything is read from one state of the database.
+  void load(Quillane::InvoiceItem& item) const;
+
+  /// Runs the hook for saving on the item in a transaction of its own; ends the process when it fails.
+  void save(Quillane::InvoiceItem& item) const;
+
   TarnwellDatabase* getDB() const;
   const Quillane::Plugin::EntityPlugin& getHook() const { return *hook; }
+
+  /// Adds unit rows with the values that record gives to the item data of a loaded item.
+  static void addRows(const Quillane::InvoiceItem& item, int count);
 
   /// A new object for the document, with its one item.
   std::unique_ptr<Quillane::Invoice> makeInvoice() const;

@@ -9,6 +9,14 @@ enum class Extent {
 };
 
 /// Registers the benchmarks of one kind of work.
+void addMemoryBenchmarks(Extent extent);
 void addStorageBenchmarks(Extent extent);
+void addGrowthBenchmarks(Extent extent);
+void addStatementBenchmarks(Extent extent);
+void addOutputBenchmarks(Extent extent);
+void addDeletionBenchmarks(Extent extent);
+void addDecimalBenchmarks(Extent extent);
+void addDialogBenchmarks(Extent extent);
+void addStartBenchmarks(Extent extent);
 
 }  // namespace Bench
