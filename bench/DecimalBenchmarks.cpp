@@ -138,6 +138,17 @@ class Quantities {
     });
   }
 
+  // What is done with a quantity that somebody typed: all four.
+  void use() {
+    forEach([&](int i) {
+      const Number number = Kind::parse(texts[i]);
+      bool less = number < numbers[i + 1];
+      benchmark::DoNotOptimize(less);
+      typename Kind::Text text = Kind::print(number + numbers[i + 1]);
+      benchmark::DoNotOptimize(text);
+    });
+  }
+
   // What the four operations give, as text.
   std::string getResults() const {
     std::string results;
@@ -175,6 +186,7 @@ void addRaces(const std::string& limitName, double goal) {
       }
     });
   };
+  add("parse, compare, add and print", &Quantities<Ours>::use, &Quantities<Limit>::use);
   add("parse", &Quantities<Ours>::parse, &Quantities<Limit>::parse);
   add("add", &Quantities<Ours>::add, &Quantities<Limit>::add);
   add("compare", &Quantities<Ours>::compare, &Quantities<Limit>::compare);
