@@ -114,8 +114,9 @@ std::pmr::memory_resource& entryMemory() {
 #else
   constexpr std::size_t entriesOfBlock = 1024;
   constexpr std::size_t largestEntry = 128;  // bytes; larger ones are allocated alone
-  static std::pmr::unsynchronized_pool_resource blocks({entriesOfBlock, largestEntry});
-  return blocks;
+  // Never deleted, since entries may live until the program's very end.
+  static auto* const blocks = new std::pmr::unsynchronized_pool_resource({entriesOfBlock, largestEntry});
+  return *blocks;
 #endif
 }
 

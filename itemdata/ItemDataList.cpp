@@ -9,7 +9,8 @@
 // 4. After a save the list is as it was before: new entries keep key 0 and marked ones their mark.
 // 5. Places of the list may be null; they are passed over.
 // 6. The list falls into runs of ascending rows, and a row is found by bisection in each. Mostly there is one run; rows
-//    that were deleted at the end and are there still, marked, begin another when their numbers are given again.
+//    that were deleted at the end and are there still, marked, begin another when their numbers are given again. The
+//    runs are found anew when the list's length or a row that is not there says that they are not those of the list.
 #include "itemdata/ItemDataList.h"
 
 #include <libintl.h>
@@ -358,14 +359,23 @@ bool ItemDataList::removeOrMark(int first, int end, RowPredicate isDeleted) {
 }
 
 void ItemDataList::markRowForDelete(int row) {
-  if (runsEnd != no()) findRuns();
+  bool found = runsEnd == no() && removeOrMarkRow(row);
+  if (!found) {
+    // Entries and their places are open to everybody, so the runs may have changed unnoticed.
+    findRuns();
+    found = removeOrMarkRow(row);
+  }
+  if (found && lastRow == row) lastRow = row - 1;
+}
+
+bool ItemDataList::removeOrMarkRow(int row) {
   bool found = false;
   // From the last run to the first: what is removed moves the runs behind it.
   for (std::size_t i = runs.size(); i-- > 0;) {
     const auto [first, end] = findRow(row, runs[i], i + 1 < runs.size() ? runs[i + 1] : no());
     if (removeOrMark(first, end, [row](int rowOfEntry) { return rowOfEntry == row; })) found = true;
   }
-  if (found && lastRow == row) lastRow = row - 1;
+  return found;
 }
 
 FXExt::FXDecimal ItemDataList::getSumQuantity() const {
@@ -485,10 +495,9 @@ std::vector<ItemDataList::Place> ItemDataList::arrange() const {
   for (FXint i = 0; i < no(); ++i) {
     if (at(i)) entries.push_back(at(i));
   }
-  if (!isAscending()) {
-    std::stable_sort(entries.begin(), entries.end(),
-                     [&](const auto* one, const auto* other) { return rowOf(one) < rowOf(other); });
-  }
+  const auto isBefore = [&](const auto* one, const auto* other) { return rowOf(one) < rowOf(other); };
+  if (!std::is_sorted(entries.begin(), entries.end(), isBefore))
+    std::stable_sort(entries.begin(), entries.end(), isBefore);
 
   std::vector<Place> places;
   places.reserve(no());

@@ -127,6 +127,7 @@ class ItemDataList : public ListOfEntityMiscData<ItemDataEntry> {
   /// ones. True when there was any such entry.
   template <class RowPredicate>
   bool removeOrMark(int first, int end, RowPredicate isDeleted);
+  bool removeOrMarkRow(int row);  // in the runs as they are known
 
   /// What stands at one place of the complete list: an entry, or a clone of a setting that is missing in a row.
   struct Place {
@@ -147,7 +148,6 @@ class ItemDataList : public ListOfEntityMiscData<ItemDataEntry> {
   FX::FXString getPrintableCounts() const;
   std::pair<int, int> findRow(int row, int runStart, int runEnd) const;
   void findRuns();
-  bool isAscending() const { return runsEnd == no() && runs.size() <= 1; }
 
   std::vector<int> runs;  // where the places begin from which on the rows ascend
   int runsEnd = 0;        // no() while the runs are those of the list

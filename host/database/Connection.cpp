@@ -294,6 +294,7 @@ bool Connection::run(CachedStatement& statement, const BoundValue* const* values
     return fail(dgettext("quillane", "Az adatbázis egy korábbi hiba miatt már visszavonta az egész műveletet."),
                 text.sql, Counts::Yes);
 
+  if (!prepared->isReadOnly()) endReading();
   long long changes = 0;
   const bool done = prepared->run(values, loader, changes, failure);
   if (statement.idle.size() < kIdleStatements) statement.idle.push_back(std::move(prepared));
@@ -408,20 +409,20 @@ bool Connection::rollback() {
 }
 
 // Where it cannot begin, every statement reads for itself and says what is wrong.
-void Connection::beginReading() {
-  if (inTransaction || isReading) return;
+bool Connection::beginReading() {
+  if (inTransaction || isReading) return false;
   Failure failure;
   isReading = perform(Step::BeginReading, failure);
+  return isReading;
 }
 
 void Connection::endReading() {
   if (!isReading) return;
   isReading = false;
-  // What was written meanwhile, each statement for itself, stays; the database may have ended it after a failure.
+  // Nothing was written, so it does not matter how it ends; after some failures the database has ended it by itself. To
+  // commit disturbs no statement that is still running.
   Failure failure;
-  if (!hasTransaction() || perform(Step::Commit, failure)) return;
-  fail(failure, {}, Counts::No);
-  perform(Step::Rollback, failure);
+  if (hasTransaction() && !perform(Step::Commit, failure)) perform(Step::Rollback, failure);
 }
 
 bool Connection::describe(DatabaseDescription& description) {

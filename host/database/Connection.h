@@ -56,10 +56,12 @@ class Connection {
   bool rollback();
   bool isInTransaction() const { return inTransaction; }
 
-  /// From beginReading to endReading, or to a transaction that begins, everything is read from one state of the
-  /// database: nobody else can write meanwhile, and no statement has to look whether somebody did. Inside a transaction
-  /// it is so anyhow, and nothing happens.
-  void beginReading();
+  /// From beginReading to endReading everything is read from one state of the database: nobody else can write
+  /// meanwhile, and no statement has to look whether somebody did. A transaction that begins and a statement that
+  /// writes end the reading, so that each stands or fails by itself as ever.
+  /// False where nothing began, so that there is nothing to end: in a transaction and in another reading it is so
+  /// anyhow, and they go on.
+  bool beginReading();
   void endReading();
 
   const FX::FXString& getLastError() const { return lastError; }

@@ -90,13 +90,17 @@ bool loadAttachedData(TarnwellDatabase& database, const Document& document, cons
 /// While it lives, everything is read from one state of the database.
 class Reading {
  public:
-  explicit Reading(TarnwellDatabase& database) : connection(database.getConnection()) { connection.beginReading(); }
-  ~Reading() { connection.endReading(); }
+  explicit Reading(TarnwellDatabase& database)
+      : connection(database.getConnection()), began(connection.beginReading()) {}
+  ~Reading() {
+    if (began) connection.endReading();
+  }
   Reading(const Reading&) = delete;
   Reading& operator=(const Reading&) = delete;
 
  private:
   Database::Connection& connection;
+  bool began;
 };
 
 /// One save: the steps of its transaction, each of which puts what it has against it into the reason.

@@ -75,7 +75,7 @@ std::string_view view(const FXString& text) { return {text.text(), static_cast<s
 /// Whether XML can carry all of the text as it is.
 bool isClean(std::string_view text) {
   for (std::size_t at = 0; at < text.size();) {
-    while (text[at] >= ' ')  // most characters
+    while (static_cast<signed char>(text[at]) >= ' ')  // most characters
       if (++at == text.size()) return true;
     const Character character = decode(text, at);
     if (!isCarried(character.code)) return false;

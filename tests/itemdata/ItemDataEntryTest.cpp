@@ -4,10 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 
 #include "itemdata/ItemDataComboEntry.h"
 #include "itemdata/ItemDataDateEntry.h"
+#include "itemdata/ItemDataList.h"
 #include "itemdata/ItemDataStringEntry.h"
 #include "plugin/contract/Database.h"
 #include "plugin/contract/XMLBuilder.h"
@@ -46,6 +48,20 @@ class ItemDataEntryDatabase : public ItemDataDatabaseTest {
 
 std::string state(const ItemDataEntry& entry) {
   return "'" + text(entry.value) + "' #" + std::to_string(entry.pk) + (entry.del ? " marked" : "");
+}
+
+// It is there before the first entry is made, so it goes after all that was made for entries.
+ItemDataList keptToTheEnd;
+
+TEST(ItemDataEntryDeathTest, entriesMayLiveUntilTheProgramEnds) {
+  const auto makeManyAndEnd = [] {
+    for (int i = 0; i < 3000; ++i) {
+      keptToTheEnd.append(new ItemDataStringEntry);
+      keptToTheEnd.at(i)->value = "a text that takes memory of its own";
+    }
+    std::exit(0);
+  };
+  EXPECT_EXIT(makeManyAndEnd(), testing::ExitedWithCode(0), "");
 }
 
 TEST_F(ItemDataEntryMemory, prototypeHasItsDefaults) {

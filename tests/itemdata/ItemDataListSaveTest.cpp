@@ -380,6 +380,28 @@ TEST_F(ItemDataListSave, rowsAreFoundAfterEntriesWereTakenOutByHand) {
   EXPECT_EQ(lines(*list), Lines({"3 -1 'c'"}));
 }
 
+TEST_F(ItemDataListSave, rowsAreFoundAfterTheListWasChangedThroughItsBase) {
+  fill(*list, {"1 -1 'a'", "2 -1 'b'", "3 -1 'c'"});
+  list->markRowForDelete(4);
+  FXObjectListOf<ItemDataEntry>& places = *list;
+  delete places[0];
+  places.erase(0);
+  places.append(newEntry("1 11 'd'", item));
+  list->markRowForDelete(1);
+  EXPECT_EQ(lines(*list), Lines({"2 -1 'b'", "3 -1 'c'"}));
+}
+
+TEST_F(ItemDataListSave, rowsAreFoundByTheNumbersThatTheirEntriesWereGivenLater) {
+  fill(*list, {"1 -1 'a'", "2 -1 'b'", "2 13 'c' #7", "3 -1 'd'"});
+  list->markRowForDelete(4);
+  list->at(0)->row = 9;
+  list->markRowForDelete(9);
+  EXPECT_EQ(lines(*list), Lines({"2 -1 'b'", "2 13 'c' #7", "3 -1 'd'"}));
+  list->at(2)->row = 1;
+  list->markRowForDelete(1);
+  EXPECT_EQ(lines(*list), Lines({"2 -1 'b'", "2 13 'c' #7"}));
+}
+
 TEST_F(ItemDataListSave, anyListLosesARowAsDescribed) {
   std::mt19937 random(20240506);
   for (int round = 0; round < 3000; ++round) {

@@ -464,17 +464,63 @@ TEST_F(DatabaseTest, leavesARunningTransactionAloneWhenItReads) {
   EXPECT_EQ(names(), asBefore);
 }
 
-TEST_F(DatabaseTest, letsGoOfItsLockWhenWhatWasWrittenWhileItReadCannotStay) {
+TEST_F(DatabaseTest, saysAtOnceThatWhatIsWrittenWhileItReadsCannotStay) {
   OtherProgram other(file);
   ASSERT_TRUE(other.run("begin"));
   EXPECT_EQ(other.rows("select name from t_x"), asBefore);
   database->getConnection().beginReading();
-  ASSERT_TRUE(run("insert into t_x values (2, 'new')"));
-  database->getConnection().endReading();
+  EXPECT_EQ(names(), asBefore);
+  EXPECT_FALSE(run("insert into t_x values (2, 'new')"));
   EXPECT_THAT(lastError(), HasSubstr("Az adatbázist egy másik program zárolja."));
+  database->getConnection().endReading();
   ASSERT_TRUE(other.run("commit"));
   EXPECT_EQ(names(), asBefore);
   EXPECT_TRUE(other.run("insert into t_x values (2, 'other')"));
+}
+
+TEST_F(DatabaseTest, showsOthersAtOnceWhatIsWrittenWhileItReads) {
+  OtherProgram other(file);
+  database->getConnection().beginReading();
+  EXPECT_EQ(names(), asBefore);
+  ASSERT_TRUE(run("insert into t_x values (2, 'new')"));
+  EXPECT_EQ(other.rows("select name from t_x order by t_x_id"), (Rows{{"before"}, {"new"}}));
+  EXPECT_TRUE(other.run("insert into t_x values (3, 'other')"));
+  EXPECT_EQ(names(), (Rows{{"before"}, {"new"}, {"other"}}));
+  database->getConnection().endReading();
+}
+
+TEST_F(DatabaseTest, writesWhileAStatementOfTheReadingStillRuns) {
+  class Writing : public GridLoader {
+   public:
+    explicit Writing(TarnwellDatabase* written) : db(written) {}
+
+    bool processValue(int column, const char* name, const char* value) override {
+      EXPECT_TRUE(Statement(db, "update t_y set t_x_1 = 1").execute(nullptr, 0)) << db->getLastError().text();
+      return GridLoader::processValue(column, name, value);
+    }
+
+   private:
+    TarnwellDatabase* db;
+  };
+  ASSERT_TRUE(run("insert into t_x values (2, 'second')"));
+  database->getConnection().beginReading();
+  Writing loader(database.get());
+  EXPECT_TRUE(Statement(database.get(), "select name from t_x order by t_x_id").execute(&loader, 0)) << lastError();
+  EXPECT_EQ(loader.grid, (Rows{{"before"}, {"second"}}));
+  database->getConnection().endReading();
+  EXPECT_TRUE(OtherProgram(file).run("insert into t_x values (3, 'other')"));
+}
+
+TEST_F(DatabaseTest, readsOnInTheReadingThatAnotherBeginsIn) {
+  OtherProgram other(file);
+  EXPECT_TRUE(database->getConnection().beginReading());
+  EXPECT_EQ(names(), asBefore);
+  EXPECT_FALSE(database->getConnection().beginReading());
+  EXPECT_FALSE(other.run("insert into t_x values (2, 'other')"));
+  database->getConnection().endReading();
+  ASSERT_TRUE(database->begin());
+  EXPECT_FALSE(database->getConnection().beginReading());
+  ASSERT_TRUE(database->rollback());
 }
 
 // Others in the way, no room

@@ -610,6 +610,21 @@ TEST_F(DocumentStoreFile, isLoadedWholeWhileAnotherProgramWantsToWrite) {
   EXPECT_TRUE(rename());
 }
 
+TEST_F(DocumentStoreFile, isLoadedWholeThoughAHookLoadsAnotherDocumentMeanwhile) {
+  ASSERT_TRUE(Statement(other.get(), "pragma busy_timeout=0").execute(nullptr, 1));
+  std::vector<bool> renamed;
+  RecordingHook hook("hook", {1, 1, 1, 1, 1});
+  use(hook);
+  hook.onLoad = [&](Entity*) {
+    const EntityHooks none;
+    FXString error;
+    EXPECT_NE(DocumentStore(*company.getDB(), none).load(12, error), nullptr) << error.text();
+    renamed.push_back(Statement(other.get(), "update t_invoiceitem set name='X'").execute(nullptr, 1));
+  };
+  load();
+  EXPECT_THAT(renamed, ElementsAre(false, false));
+}
+
 TEST_F(DocumentStoreFile, letsAHookWriteWhileItIsLoaded) {
   RecordingHook hook("hook", {1, 1, 1, 1, 1});
   use(hook);
