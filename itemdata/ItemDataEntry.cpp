@@ -15,7 +15,6 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <memory_resource>
 
 #include "itemdata/ItemDataList.h"
@@ -91,20 +90,6 @@ const FXString kRemainingQuantitySql =
   FXString longText = FXStringVFormat(pattern, arguments);
   va_end(arguments);
   return longText;
-}
-
-// Where a document's findings are, in words; kept for the next one, which is mostly of the same document.
-const FXString& locationOf(const Invoice& invoice) {
-  static FXString pattern;
-  static FXString document;
-  static FXString location;
-  const char* wanted = gettext("Számla: Tételek listája\n[%s]\n");
-  if (std::strcmp(wanted, pattern.text()) != 0 || std::strcmp(invoice.getDisplayText().text(), document.text()) != 0) {
-    pattern = wanted;
-    document = invoice.getDisplayText();
-    location = format(wanted, document.text());
-  }
-  return location;
 }
 
 std::pmr::memory_resource& entryMemory() {
@@ -231,7 +216,8 @@ void ItemDataEntry::check(int itemNumber, ListOfMessage& messages, FXString pref
   const Invoice* invoice = getItem()->getInvoice();
   if (invoice->getStatus() == kProFormaStatus || !getValue().empty()) return;
 
-  auto* message = new Message(prefix.append("_ITEMDATAWANTED"), Message::ERROR, FXString::null, locationOf(*invoice),
+  auto* message = new Message(format("%s_ITEMDATAWANTED", prefix.text()), Message::ERROR, FXString::null,
+                              format(gettext("Számla: Tételek listája\n[%s]\n"), invoice->getDisplayText().text()),
                               nullptr, nullptr, nullptr);
   const char* text = mandatory ? gettext("A(z) %d. tételhez rögzíteni kell néhány egyéb adatot!\nMező neve:%s")
                                : gettext("A(z) %d. tételhez lehet rögzíteni néhány egyéb adatot!\nMező neve:%s");
