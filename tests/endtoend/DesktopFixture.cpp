@@ -102,6 +102,11 @@ void DesktopTest::see(const std::string& what, const Condition& condition, const
   script.step(what, condition, check);
 }
 
+void DesktopTest::then(const std::string& what, const Action& action) {
+  script.step(
+      what, [] { return true; }, action);
+}
+
 void DesktopTest::at(const std::string& what, const Find& find, const Action& action, const Condition& condition) {
   // Without a window manager nobody else gives a new window the keyboard.
   script.step(

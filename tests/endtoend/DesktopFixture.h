@@ -90,6 +90,9 @@ class DesktopTest : public testing::Test {
   void see(
       const std::string& what, const Condition& condition, const Action& check = [] {});
 
+  /// Looks, or acts, as soon as what came before is done.
+  void then(const std::string& what, const Action& action);
+
   /// Takes the keyboard to the window, when it is there, and acts once the condition holds.
   void at(
       const std::string& what, const Find& find, const Action& action,

@@ -178,8 +178,7 @@ void FieldTest::choose(const std::string& direction, const std::string& name) {
 
 void FieldTest::giveUp(const std::string& direction, const std::string& name) {
   selectChosen(direction, {name});
-  see(
-      "giving up " + name, [] { return true; }, [=] { click(*chooser(direction).giveUp); });
+  then("giving up " + name, [=] { click(*chooser(direction).giveUp); });
   see(name + " being given up", [=] { return chooser(direction).from->findItem(name.c_str()) >= 0; });
 }
 

@@ -63,18 +63,15 @@ TEST_F(FieldOrder, keepsTheOddMovesOfBlocksAndStoresOnlyThePlacesThatChanged) {
              {"Garancia vége", "Gyári szám", "Tárolási hely"});
   acceptArticle();
   closeArticles();
-  see(
-      "the two that changed places being stored", [] { return true; },
-      [=] {
-        EXPECT_THAT(takeStored(),
-                    ElementsAre(HasSubstr("update t_product set"), update(key(4, 100), 1), update(key(1, 100), 2)));
-        EXPECT_THAT(assignments(kComputer), ElementsAre("4 1 100", "1 2 100", "2 3 100", "1 1 200", "2 2 200"));
-      });
+  then("the two that changed places being stored", [=] {
+    EXPECT_THAT(takeStored(),
+                ElementsAre(HasSubstr("update t_product set"), update(key(4, 100), 1), update(key(1, 100), 2)));
+    EXPECT_THAT(assignments(kComputer), ElementsAre("4 1 100", "1 2 100", "2 3 100", "1 1 200", "2 2 200"));
+  });
 
   openFields("hordoz");
-  see(
-      "the stored order", [] { return true; },
-      [] { EXPECT_THAT(texts(*chooser(kOutgoing).to), ElementsAre("Garancia vége", "Gyári szám", "Tárolási hely")); });
+  then("the stored order",
+       [] { EXPECT_THAT(texts(*chooser(kOutgoing).to), ElementsAre("Garancia vége", "Gyári szám", "Tárolási hely")); });
   selectChosen(kOutgoing, {"Garancia vége", "Gyári szám", "Tárolási hely"});
   clickArrow("all of them moved down", &Chooser::down, kOutgoing, {"Tárolási hely", "Garancia vége", "Gyári szám"});
   clickArrow("all of them moved up", &Chooser::up, kOutgoing, {"Garancia vége", "Gyári szám", "Tárolási hely"});
@@ -86,13 +83,11 @@ TEST_F(FieldOrder, keepsTheOddMovesOfBlocksAndStoresOnlyThePlacesThatChanged) {
   atDialog<ArticleDataWindow>("look", [] { takeScreenshot("field-road-order"); });
   acceptArticle();
   closeArticles();
-  see(
-      "what changed in both directions being stored", [] { return true; },
-      [=] {
-        EXPECT_THAT(takeStored(), ElementsAre(HasSubstr("update t_product set"), update(key(2, 200), 1),
-                                              update(key(1, 200), 2), update(key(2, 100), 2), update(key(1, 100), 3)));
-        EXPECT_THAT(assignments(kComputer), ElementsAre("4 1 100", "2 2 100", "1 3 100", "2 1 200", "1 2 200"));
-      });
+  then("what changed in both directions being stored", [=] {
+    EXPECT_THAT(takeStored(), ElementsAre(HasSubstr("update t_product set"), update(key(2, 200), 1),
+                                          update(key(1, 200), 2), update(key(2, 100), 2), update(key(1, 100), 3)));
+    EXPECT_THAT(assignments(kComputer), ElementsAre("4 1 100", "2 2 100", "1 3 100", "2 1 200", "1 2 200"));
+  });
   walk();
 }
 
@@ -104,12 +99,10 @@ TEST_F(FieldOrder, isAsItWasWhenTheUserGivesUp) {
   choose(kOutgoing, "Csomagolás");
   cancelArticle();
   closeArticles();
-  see(
-      "nothing being stored", [] { return true; },
-      [=] {
-        EXPECT_THAT(takeStored(), IsEmpty());
-        EXPECT_THAT(assignments(kComputer), ElementsAre("1 1 100", "4 2 100", "2 3 100", "1 1 200", "2 2 200"));
-      });
+  then("nothing being stored", [=] {
+    EXPECT_THAT(takeStored(), IsEmpty());
+    EXPECT_THAT(assignments(kComputer), ElementsAre("1 1 100", "4 2 100", "2 3 100", "1 1 200", "2 2 200"));
+  });
   walk();
 }
 

@@ -111,21 +111,18 @@ TEST_F(FieldRoad, leadsFromTheSettingsToARecordedValue) {
   addList("Meret", "XS,XL,XXL");
   acceptSettings();
   seeMain();
-  see(
-      "the variable being stored", [] { return true; },
-      [this] {
-        EXPECT_THAT(lines("select name, type, process, mandatory, vvalue from t_itemvariable where name='Meret'"),
-                    ElementsAre("Meret|3|1|0|XS,XL,XXL"));
-      });
+  then("the variable being stored", [this] {
+    EXPECT_THAT(lines("select name, type, process, mandatory, vvalue from t_itemvariable where name='Meret'"),
+                ElementsAre("Meret|3|1|0|XS,XL,XXL"));
+  });
 
   openFields("nyomtat");
   choose(kOutgoing, "Meret");
   atDialog<ArticleDataWindow>("look", [] { takeScreenshot("field-road-assigned"); });
   acceptArticle();
   closeArticles();
-  see(
-      "the assignment being stored", [] { return true; },
-      [this] { EXPECT_THAT(assignments(kPaper), ElementsAre(std::to_string(findVariableId("Meret")) + " 1 100")); });
+  then("the assignment being stored",
+       [this] { EXPECT_THAT(assignments(kPaper), ElementsAre(std::to_string(findVariableId("Meret")) + " 1 100")); });
 
   writeInvoice("lgyfa", "nyomtat", "3");
   atDocument(
@@ -150,16 +147,14 @@ TEST_F(FieldRoad, leadsFromTheSettingsToARecordedValue) {
   });
   save();
   openAgain("xl");
-  see(
-      "what was recorded", [] { return true; },
-      [this] {
-        EXPECT_THAT(itemCell(0, DocumentItemTable::ATTACHED_DATA), testing::AllOf(HasSubstr("XL"), HasSubstr("XS")));
-        EXPECT_THAT(lines("select row, t_itemvariable_1, value from t_invoiceitemdata d join t_invoiceitem on "
-                          "t_invoiceitem_id=d.t_invoiceitem_1 where t_invoice_1=" +
-                          std::to_string(document()->getDocumentId()) + " order by row, t_itemvariable_1"),
-                    ElementsAre("1|-1|2", "1|" + std::to_string(findVariableId("Meret")) + "|XL", "2|-1|1",
-                                "2|" + std::to_string(findVariableId("Meret")) + "|XS"));
-      });
+  then("what was recorded", [this] {
+    EXPECT_THAT(itemCell(0, DocumentItemTable::ATTACHED_DATA), testing::AllOf(HasSubstr("XL"), HasSubstr("XS")));
+    EXPECT_THAT(lines("select row, t_itemvariable_1, value from t_invoiceitemdata d join t_invoiceitem on "
+                      "t_invoiceitem_id=d.t_invoiceitem_1 where t_invoice_1=" +
+                      std::to_string(document()->getDocumentId()) + " order by row, t_itemvariable_1"),
+                ElementsAre("1|-1|2", "1|" + std::to_string(findVariableId("Meret")) + "|XL", "2|-1|1",
+                            "2|" + std::to_string(findVariableId("Meret")) + "|XS"));
+  });
   lookAtItemData("see what was recorded", [] {
     ASSERT_EQ(unitTable()->getNumRows(), 2);
     EXPECT_EQ(unitTable()->getItemText(0, 1), "XL");
@@ -186,15 +181,13 @@ TEST_F(FieldRoad, deletesAVariableThatNothingAsksForAnyMore) {
       "going on without a question", [] { return settings() && settingsTable()->getCurrentColumn() == TYPE; },
       [=] { EXPECT_EQ(settingsTable()->getNumRows(), rows); });
   openSettingsMenu();
-  see(
-      "deleting not being offered", [] { return true; },
-      [] {
-        takeScreenshot("field-road-in-use");
-        EXPECT_FALSE(findChildren<FXMenuCommand>(*menu()).at(1)->isEnabled());
-        typeKey("Down");
-        typeKey("Down");
-        typeKey("Escape");
-      });
+  then("deleting not being offered", [] {
+    takeScreenshot("field-road-in-use");
+    EXPECT_FALSE(findChildren<FXMenuCommand>(*menu()).at(1)->isEnabled());
+    typeKey("Down");
+    typeKey("Down");
+    typeKey("Escape");
+  });
   atSettings(
       "leave the settings", [] { typeKey("Escape"); }, [] { return !menu(); });
   seeMain();
@@ -204,9 +197,7 @@ TEST_F(FieldRoad, deletesAVariableThatNothingAsksForAnyMore) {
   giveUp(kOutgoing, "Kiszerelés");
   acceptArticle();
   closeArticles();
-  see(
-      "the paint not asking for it", [] { return true; },
-      [this] { EXPECT_THAT(assignments(kPaint), ElementsAre("5 1 100", "5 1 200")); });
+  then("the paint not asking for it", [this] { EXPECT_THAT(assignments(kPaint), ElementsAre("5 1 100", "5 1 200")); });
 
   openSettings();
   goToVariable("Kiszerelés");
@@ -220,12 +211,10 @@ TEST_F(FieldRoad, deletesAVariableThatNothingAsksForAnyMore) {
   });
   see("the variable being still there", [=] { return settings() && settingsTable()->getNumRows() == rows; });
   openSettingsMenu();
-  see(
-      "deleting being offered", [] { return true; },
-      [] {
-        EXPECT_TRUE(findChildren<FXMenuCommand>(*menu()).at(1)->isEnabled());
-        typeKey("t", kAlt);
-      });
+  then("deleting being offered", [] {
+    EXPECT_TRUE(findChildren<FXMenuCommand>(*menu()).at(1)->isEnabled());
+    typeKey("t", kAlt);
+  });
   atDialog<FXMessageBox>("say yes", [=] {
     EXPECT_THAT(messageText(), HasSubstr(std::to_string(values)));
     typeKey("y", kAlt);
@@ -233,12 +222,10 @@ TEST_F(FieldRoad, deletesAVariableThatNothingAsksForAnyMore) {
   see("the variable being gone", [=] { return settings() && settingsTable()->getNumRows() == rows - 1; });
   acceptSettings();
   seeMain();
-  see(
-      "the values being there without it", [] { return true; },
-      [=] {
-        EXPECT_EQ(findVariableId("Kiszerelés"), -1);
-        EXPECT_EQ(count("select count(*) from t_invoiceitemdata where t_itemvariable_1 is null"), values);
-      });
+  then("the values being there without it", [=] {
+    EXPECT_EQ(findVariableId("Kiszerelés"), -1);
+    EXPECT_EQ(count("select count(*) from t_invoiceitemdata where t_itemvariable_1 is null"), values);
+  });
   walk();
 }
 
@@ -269,12 +256,9 @@ TEST_F(FieldRoad, goesOnWithWhatWasTypedWhenAListHasNoChoices) {
   acceptSettings();
   atDialog<PluginListWindow>("close the modules", [] { typeKey("Escape"); });
   seeMain();
-  see(
-      "the variable being stored", [] { return true; },
-      [this] {
-        EXPECT_THAT(lines("select type, process, vvalue from t_itemvariable where name='Meret'"),
-                    ElementsAre("3|1|XS,XL"));
-      });
+  then("the variable being stored", [this] {
+    EXPECT_THAT(lines("select type, process, vvalue from t_itemvariable where name='Meret'"), ElementsAre("3|1|XS,XL"));
+  });
   walk();
 }
 
@@ -298,8 +282,7 @@ TEST_F(FieldRoad, leavesTheDocumentsThatAreOpenWhenItIsDeleted) {
   lookAtItemData("see the other field alone", [] { EXPECT_THAT(columns(), ElementsAre("Szín")); });
   addItem("nyomtat", "1");
   save();
-  see(
-      "its values being there without it", [] { return true; }, [=] { EXPECT_GT(count(values), 0); });
+  then("its values being there without it", [=] { EXPECT_GT(count(values), 0); });
   walk();
 }
 
@@ -322,9 +305,7 @@ TEST_F(FieldRoad, saysHowToStoreADocumentWhoseFieldWasDeletedMeanwhile) {
   addItem("selyem", "3");
   lookAtItemData("see the field that is left", [] { EXPECT_THAT(columns(), ElementsAre("Szín")); });
   save();
-  see(
-      "the document being stored", [] { return true; },
-      [=] { EXPECT_EQ(count("select count(*) from t_invoice"), documents + 1); });
+  then("the document being stored", [=] { EXPECT_EQ(count("select count(*) from t_invoice"), documents + 1); });
   walk();
 }
 

@@ -89,8 +89,7 @@ TEST_F(TwoDesktops, loseNoSettingsToALock) {
   other->run("insert into t_itemvariable (t_itemvariable_id, name, type) values (13, 'Feladat', 1)");
   variablesBefore = variables();
   changeSettings();
-  see(
-      "the other one writing", [] { return true; }, [this] { other->lock(); });
+  then("the other one writing", [this] { other->lock(); });
   acceptSettings();
   const auto isLocked = [](const std::string& explanation) {
     EXPECT_THAT(explanation, StartsWith("A táblázat változásai nem menthetők.\n"));
@@ -106,8 +105,7 @@ TEST_F(TwoDesktops, loseNoSettingsToALock) {
     other->unlock();
   });
   seeMain();
-  see(
-      "everything being stored", [] { return true; }, [this] { expectSettingsChanged(); });
+  then("everything being stored", [this] { expectSettingsChanged(); });
   walk();
 }
 
@@ -115,8 +113,7 @@ TEST_F(TwoDesktops, loseNoSettingsToOneThatReads) {
   other->run("insert into t_itemvariable (t_itemvariable_id, name, type) values (13, 'Feladat', 1)");
   variablesBefore = variables();
   changeSettings();
-  see(
-      "the other one reading", [] { return true; }, [this] { other->beginReading(); });
+  then("the other one reading", [this] { other->beginReading(); });
   acceptSettings();
   answerFailure("try again when it has read", "Return", [this](const std::string& explanation) {
     EXPECT_THAT(explanation, HasSubstr("Az adatbázist egy másik program zárolja."));
@@ -125,8 +122,7 @@ TEST_F(TwoDesktops, loseNoSettingsToOneThatReads) {
     other->endReading();
   });
   seeMain();
-  see(
-      "everything being stored", [] { return true; }, [this] { expectSettingsChanged(); });
+  then("everything being stored", [this] { expectSettingsChanged(); });
   walk();
 }
 
@@ -134,13 +130,11 @@ TEST_F(TwoDesktops, storeNothingOfSettingsThatTheUserGivesUp) {
   other->run("insert into t_itemvariable (t_itemvariable_id, name, type) values (13, 'Feladat', 1)");
   variablesBefore = variables();
   changeSettings();
-  see(
-      "the other one writing", [] { return true; }, [this] { other->lock(); });
+  then("the other one writing", [this] { other->lock(); });
   acceptSettings();
   answerFailure("give up", "f", [this](const std::string&) { other->unlock(); });
   seeMain();
-  see(
-      "nothing being stored", [] { return true; }, [this] { EXPECT_EQ(variables(), variablesBefore); });
+  then("nothing being stored", [this] { EXPECT_EQ(variables(), variablesBefore); });
   openSettings();
   atSettings("look at what is stored", [] {
     EXPECT_GE(findVariable("Szín"), 0);
@@ -158,12 +152,10 @@ TEST_F(TwoDesktops, tellWhichVariableTheOtherOneDeleted) {
   typeIntoCell(settingsCells, "Doboz");
   goToVariable("Megjegyzés a vevőnek");
   typeIntoCell(settingsCells, "Apropo");
-  see(
-      "the other one deleting it", [] { return true; },
-      [this] {
-        other->run("delete from t_itemvariable where name='Megjegyzés a vevőnek'");
-        variablesBefore = variables();
-      });
+  then("the other one deleting it", [this] {
+    other->run("delete from t_itemvariable where name='Megjegyzés a vevőnek'");
+    variablesBefore = variables();
+  });
   acceptSettings();
   const auto isGone = [](const std::string& explanation) {
     takeScreenshot("two-desktops-deleted");
@@ -173,8 +165,7 @@ TEST_F(TwoDesktops, tellWhichVariableTheOtherOneDeleted) {
   answerFailure("try again in vain", "Return", isGone);
   answerFailure("give up", "f", isGone);
   seeMain();
-  see(
-      "nothing being stored", [] { return true; }, [this] { EXPECT_EQ(variables(), variablesBefore); });
+  then("nothing being stored", [this] { EXPECT_EQ(variables(), variablesBefore); });
   walk();
 }
 
@@ -206,23 +197,19 @@ TEST_F(TwoDesktops, sayThatTheSettingsCannotBeRead) {
 TEST_F(TwoDesktops, addVariablesAtTheSameTime) {
   openSettings();
   addList("Meret", "XS,XL");
-  see(
-      "the other one adding a variable, too", [] { return true; },
-      [this] {
-        const std::string call = "QUILLANE_PLUGIN_PATH='" QUILLANE_MODULE_FOLDER "' '" QUILLANECTL "' --db '" + folder +
-                                 "/company.db' add variable --name Minta --type text >/dev/null";
-        EXPECT_EQ(std::system(call.c_str()), 0) << call;
-      });
+  then("the other one adding a variable, too", [this] {
+    const std::string call = "QUILLANE_PLUGIN_PATH='" QUILLANE_MODULE_FOLDER "' '" QUILLANECTL "' --db '" + folder +
+                             "/company.db' add variable --name Minta --type text >/dev/null";
+    EXPECT_EQ(std::system(call.c_str()), 0) << call;
+  });
   acceptSettings();
   seeMain();
-  see(
-      "both being stored", [] { return true; },
-      [this] {
-        std::vector<std::string> expected = variablesBefore;
-        expected.emplace_back("13|Minta|1|0|0|");
-        expected.emplace_back("14|Meret|3|1|0|XS,XL");
-        EXPECT_EQ(variables(), expected);
-      });
+  then("both being stored", [this] {
+    std::vector<std::string> expected = variablesBefore;
+    expected.emplace_back("13|Minta|1|0|0|");
+    expected.emplace_back("14|Meret|3|1|0|XS,XL");
+    EXPECT_EQ(variables(), expected);
+  });
   walk();
 }
 
@@ -261,12 +248,10 @@ TEST_F(TwoDesktops, keepAnArticleOnTheScreenWhileItCannotBeStored) {
   });
   acceptArticle();
   closeArticles();
-  see(
-      "everything being stored", [] { return true; },
-      [this] {
-        EXPECT_THAT(lines("select unit from t_product where t_product_id=1"), ElementsAre("gep"));
-        EXPECT_THAT(assignments(kComputer), ElementsAre("1 1 100", "12 2 100", "2 3 100", "1 1 200", "2 2 200"));
-      });
+  then("everything being stored", [this] {
+    EXPECT_THAT(lines("select unit from t_product where t_product_id=1"), ElementsAre("gep"));
+    EXPECT_THAT(assignments(kComputer), ElementsAre("1 1 100", "12 2 100", "2 3 100", "1 1 200", "2 2 200"));
+  });
   walk();
 }
 
@@ -275,11 +260,9 @@ TEST_F(TwoDesktops, storeNothingWhenTheOtherOneTookAnAssignmentAway) {
   choose(kIncoming, "Lejárat");
   selectChosen(kOutgoing, {"Tárolási hely"});
   clickArrow("move one up", &Chooser::up, kOutgoing, {"Gyári szám", "Tárolási hely", "Garancia vége"});
-  see(
-      "the other one taking one away", [] { return true; },
-      [this] {
-        other->run("delete from t_productitemdata where t_product_1=1 and t_itemvariable_1=4 and direction=100");
-      });
+  then("the other one taking one away", [this] {
+    other->run("delete from t_productitemdata where t_product_1=1 and t_itemvariable_1=4 and direction=100");
+  });
   acceptArticle();
   atDialog<FXMessageBox>("read what is wrong", [this] {
     takeScreenshot("two-desktops-assignment");
@@ -304,9 +287,7 @@ TEST_F(TwoDesktops, storeNothingWhenTheOtherOneDeletedAChosenVariable) {
   openFields("hordoz");
   choose(kOutgoing, "Csomagolás");
   choose(kIncoming, "Lejárat");
-  see(
-      "the other one deleting it", [] { return true; },
-      [this] { other->run("delete from t_itemvariable where name='Csomagolás'"); });
+  then("the other one deleting it", [this] { other->run("delete from t_itemvariable where name='Csomagolás'"); });
   acceptArticle();
   atDialog<FXMessageBox>("read what is wrong", [this] {
     EXPECT_THAT(messageText(), StartsWith("Az adatok nem tárolhatók, semmi sem változott. "));
@@ -319,22 +300,18 @@ TEST_F(TwoDesktops, storeNothingWhenTheOtherOneDeletedAChosenVariable) {
   giveUp(kOutgoing, "Csomagolás");
   acceptArticle();
   closeArticles();
-  see(
-      "the rest being stored", [] { return true; },
-      [this] { EXPECT_THAT(assignments(kComputer), Contains("3 3 200")); });
+  then("the rest being stored", [this] { EXPECT_THAT(assignments(kComputer), Contains("3 3 200")); });
   walk();
 }
 
 TEST_F(TwoDesktops, showAnAssignmentThatBothMadeSoThatOneOfThemCanGo) {
   openFields("nyomtat");
   choose(kOutgoing, "Gyári szám");
-  see(
-      "the other one assigning it, too", [] { return true; },
-      [this] {
-        const std::string call = "QUILLANE_PLUGIN_PATH='" QUILLANE_MODULE_FOLDER "' '" QUILLANECTL "' --db '" + folder +
-                                 "/company.db' add assignment --product 6 --variable 1 --direction out >/dev/null";
-        EXPECT_EQ(std::system(call.c_str()), 0) << call;
-      });
+  then("the other one assigning it, too", [this] {
+    const std::string call = "QUILLANE_PLUGIN_PATH='" QUILLANE_MODULE_FOLDER "' '" QUILLANECTL "' --db '" + folder +
+                             "/company.db' add assignment --product 6 --variable 1 --direction out >/dev/null";
+    EXPECT_EQ(std::system(call.c_str()), 0) << call;
+  });
   acceptArticle();
   closeArticles();
   openFields("nyomtat");
@@ -345,8 +322,7 @@ TEST_F(TwoDesktops, showAnAssignmentThatBothMadeSoThatOneOfThemCanGo) {
   giveUp(kOutgoing, "Gyári szám");
   acceptArticle();
   closeArticles();
-  see(
-      "one being left", [] { return true; }, [this] { EXPECT_THAT(assignments(kPaper), ElementsAre("1 1 100")); });
+  then("one being left", [this] { EXPECT_THAT(assignments(kPaper), ElementsAre("1 1 100")); });
   walk();
 }
 
